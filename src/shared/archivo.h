@@ -1,0 +1,49 @@
+// Reading and replacing a file whole: the one way any file of the user's is read or written.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+#include "shared/resultado.h"
+
+// A regular file that is open for reading from its first byte. Symbolic links are followed.
+class LectorArchivo {
+ public:
+  enum class SiFalta { Fallar, Crear };  // Crear: a missing file is made, empty
+
+  LectorArchivo() = default;
+  LectorArchivo(LectorArchivo&& otro) noexcept;
+  LectorArchivo& operator=(LectorArchivo&& otro) noexcept;
+  LectorArchivo(const LectorArchivo&) = delete;
+  LectorArchivo& operator=(const LectorArchivo&) = delete;
+  ~LectorArchivo();
+
+  // Anything but a regular file fails: a folder with EISDIR, a pipe or device with EINVAL; it
+  // never blocks and never reads from one.
+  static ResultadoCon<LectorArchivo> Abrir(const QString& ruta, SiFalta si_falta);
+
+  std::size_t Tamano() const { return tamano_; }  // bytes, when it was opened
+  // Reads up to `maximo` bytes; 0 bytes read means the end. Interrupted calls are repeated.
+  ResultadoCon<std::size_t> Leer(char* destino, std::size_t maximo);
+
+ private:
+  int descriptor_ = -1;
+  std::size_t tamano_ = 0;
+};
+
+ResultadoCon<QByteArray> LeerArchivo(const QString& ruta);
+
+enum class Duracion { Sincronizada, SinSincronizar };  // is the disk waited for?
+
+// Replaces the content of an existing file, which keeps its links, mode, owner, access list and
+// extended attributes. ENOENT when it has vanished, EACCES when it has no write bit at all. After
+// a failure the old content stands. `tramos` are the pieces of the new content, in their order.
+Resultado ReemplazarArchivo(const QString& ruta, std::span<const std::string_view> tramos,
+                            Duracion duracion);
+
+// The same for a name that may be new: the file is made when it is missing.
+Resultado CrearOReemplazarArchivo(const QString& ruta, std::span<const std::string_view> tramos,
+                                  Duracion duracion);

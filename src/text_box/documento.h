@@ -1,0 +1,69 @@
+// One text with its lines and its undo, shown by any number of views.
+#pragma once
+
+#include <QByteArray>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "shared/archivo.h"
+#include "text_box/bytes.h"
+#include "text_box/lineas.h"
+
+// One replacement: `quitados` bytes from `pos` on gave way to `puestos` new ones.
+struct Cambio {
+  Posicion pos = 0;
+  Posicion quitados = 0;
+  Posicion puestos = 0;
+};
+
+// A view that follows the document.
+class Observador {
+ public:
+  virtual ~Observador() = default;
+  virtual void Reemplazado(const Cambio& cambio) = 0;  // after one replacement
+  virtual void Recargado() = 0;                        // after the whole text is another
+};
+
+// How a change joins the one before it into one step of undo.
+enum class Agrupacion {
+  Sola,      // a step of its own (paste, drop, cut)
+  Escribir,  // typing: joined with the typing before it, by word or pause
+  Borrar,    // Backspace and Delete, likewise
+};
+
+class Documento {
+ public:
+  Documento();
+  ~Documento();
+
+  // Reads the whole file first; only when that has succeeded the text becomes the file's bytes,
+  // undo is emptied and the views are told. On a failure nothing changes.
+  Resultado Cargar(LectorArchivo& lector);
+  void Vaciar();
+  void Poner(std::string_view bytes);  // a whole new text; undo is emptied
+
+  Posicion Tamano() const { return bytes_.Tamano(); }
+  const Bytes& Texto() const { return bytes_; }
+  const Lineas& LineasDelTexto() const { return lineas_; }
+  QByteArray Copia(Posicion desde, Posicion hasta) const;
+  QByteArray Copia() const { return Copia(0, Tamano()); }
+
+  // The one way a text changes. False (nothing changed) when memory is out.
+  bool Reemplazar(Posicion pos, Posicion quitados, std::string_view nuevos, Agrupacion agrupacion);
+  void CerrarGrupo();  // the caret was moved, a pause: the next change starts a new step
+
+  bool PuedeDeshacer() const;
+  bool PuedeRehacer() const;
+  Cambio Deshacer();  // the last replacement it made, to place the caret; pos -1 when none
+  Cambio Rehacer();
+
+  std::string_view FinDeLinea() const;  // the form that the text uses first; LF when it has none
+
+  void Observar(Observador* observador);
+  void DejarDeObservar(Observador* observador);
+
+ private:
+  Bytes bytes_;
+  Lineas lineas_;
+};
