@@ -10,13 +10,6 @@
 #include "text_box/bytes.h"
 #include "text_box/lineas.h"
 
-// One replacement: `quitados` bytes from `pos` on gave way to `puestos` new ones.
-struct Cambio {
-  Posicion pos = 0;
-  Posicion quitados = 0;
-  Posicion puestos = 0;
-};
-
 // A view that follows the document.
 class Observador {
  public:
@@ -65,5 +58,5 @@ class Documento {
 
  private:
   Bytes bytes_;
-  Lineas lineas_;
+  Lineas lineas_{bytes_};
 };

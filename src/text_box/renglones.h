@@ -9,8 +9,9 @@
 // 26.6 fixed point, a sixty-fourth of a pixel: widths are added up, never rounded on the way.
 using Punto = std::int64_t;
 
-// How far each byte moves the pen. Byte 9 (tab) goes to the next multiple of `tabulador` from the
-// row's left edge; its own entry is not used. Bytes 10 and 13 as part of a line end have no width.
+// How far each byte moves the pen; never back. Byte 9 (tab) goes to the next multiple of
+// `tabulador` from the row's left edge; its own entry is not used. Bytes 10 and 13 as part of a
+// line end have no width.
 struct Avances {
   std::array<std::int32_t, 256> ancho{};
   std::int32_t tabulador = 0;  // > 0
@@ -21,7 +22,12 @@ class Renglones {
  public:
   virtual ~Renglones() = default;
 
-  virtual std::int64_t Total() const = 0;  // rows; at least 1; a lower bound until Completo()
+  // The text has changed by `cambio`, or is another altogether: to be called each time, before
+  // anything else is asked.
+  virtual void Reemplazado(const Cambio& cambio) = 0;
+  virtual void Recargado() = 0;
+
+  virtual std::int64_t Total() const = 0;  // rows; at least 1; an estimate until Completo()
   virtual bool Completo() const = 0;       // are all rows known?
   // Works for at most about `milisegundos`; true when everything is known.
   virtual bool Avanzar(int milisegundos) = 0;
@@ -35,10 +41,13 @@ class Renglones {
   // the next one starts.
   virtual Posicion FinDe(Posicion inicio) const = 0;
 
-  virtual std::int64_t Indice(Posicion pos) const = 0;        // the row's number, from 0
-  virtual Posicion PosicionDe(std::int64_t indice) const = 0;  // start of row number `indice`
+  // The number of the row that holds `pos`, from 0, and the start of row number `indice`. Where
+  // not all rows before are known, numbers are estimates; a start is always one.
+  virtual std::int64_t Indice(Posicion pos) const = 0;
+  virtual Posicion PosicionDe(std::int64_t indice) const = 0;
 
-  // x of `pos` in the row that starts at `inicio`, and the position nearest to x in that row.
+  // x of `pos` in the row that starts at `inicio`, and the position nearest to x in that row. In
+  // a row broken by the width its end is no answer: it belongs to the next row.
   virtual Punto XDe(Posicion inicio, Posicion pos) const = 0;
   virtual Posicion PosicionEnX(Posicion inicio, Punto x) const = 0;
   // The last position whose x is not greater than x, with that x: where painting starts.

@@ -1,0 +1,40 @@
+// Breaks text into rows of a width: the rule, and the fast way to apply it.
+//
+// A row ends at its line's end. A row that is too wide ends after its last blank or tab; without
+// one, before the first byte that does not fit, but it holds at least one byte. Blanks at the
+// edge hang over it: they never start a row. A tab does not hang: the one whose stop lies beyond
+// the edge starts the next row. A row holds at most `maximo_fila` bytes.
+#pragma once
+
+#include <cstdint>
+
+#include "text_box/pluma.h"
+#include "text_box/renglones.h"
+#include "text_box/trozos.h"
+
+class Partidor {
+ public:
+  Partidor() = default;
+  Partidor(const Avances& avances, Punto ancho, Posicion maximo_fila);
+
+  Punto Ancho() const { return ancho_; }
+  const Pluma& LaPluma() const { return pluma_; }
+
+  // The start of the row after the one that starts at `inicio`; -1 when that is the last.
+  Posicion Siguiente(const Trozos& texto, Posicion inicio) const;
+
+  struct Marcha {
+    Posicion inicio = 0;
+    std::int64_t filas = 0;
+  };
+  // From the row that starts at `inicio` down to the last row that starts at or before `hasta`,
+  // but at most `maximo` rows; how many it were.
+  Marcha Bajar(const Trozos& texto, Posicion inicio, Posicion hasta,
+               std::int64_t maximo = INT64_MAX) const;
+
+ private:
+  Pluma pluma_;
+  Punto ancho_ = 0;
+  Posicion maximo_fila_ = 0;
+  Posicion seguro_ = 0;  // so many bytes fit, whichever they are, tabs aside
+};

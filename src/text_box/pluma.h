@@ -1,0 +1,39 @@
+// Moves a pen along bytes: a table of advances made ready for summing over long stretches.
+//
+// Everything here is about text without line ends.
+#pragma once
+
+#include <cstddef>
+
+#include "text_box/renglones.h"
+#include "text_box/trozos.h"
+
+class Pluma {
+ public:
+  Pluma() = default;
+  explicit Pluma(const Avances& avances);
+
+  const Avances& Tabla() const { return avances_; }
+  Punto Ancho(unsigned char byte) const { return avances_.ancho[byte]; }
+  Punto Maximo() const { return maximo_; }  // the widest byte; tabs aside
+  Punto Tabulador() const { return avances_.tabulador; }
+  Punto Tabular(Punto x) const { return (x / Tabulador() + 1) * Tabulador(); }
+
+  // The sum over `n` bytes, none of them a tab.
+  Punto Sumar(const unsigned char* bytes, std::size_t n) const;
+  // How many of `n` bytes, none of them a tab, move the pen to no more than `limite`; `x` is
+  // moved along with them.
+  std::size_t Caber(const unsigned char* bytes, std::size_t n, Punto limite, Punto& x) const;
+
+  // The pen at `hasta` when it is at `x` at `desde`.
+  Punto Medir(const Trozos& texto, Posicion desde, Posicion hasta, Punto x) const;
+  // The last position of [desde, hasta] where the pen is not beyond `limite`, when it is at `x`
+  // at `desde`; `desde` itself when there is none.
+  Renglones::Corte Hasta(const Trozos& texto, Posicion desde, Posicion hasta, Punto x,
+                         Punto limite) const;
+
+ private:
+  Avances avances_;
+  Punto maximo_ = 0;
+  bool uniforme_ = false;  // all bytes but tab, LF and CR are equally wide, and not 0
+};

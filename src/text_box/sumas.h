@@ -1,0 +1,55 @@
+// Sums over a text cut into blocks: which block holds a position, how much is counted before it.
+//
+// A flat vector of {bytes, count} per block, with 64-bit sums per group of 64 blocks. Both ways
+// of asking run through the groups, then through one group's blocks. A text of 1 GB has some
+// 4,000 groups: a search is a matter of microseconds, and there is no tree to keep in balance.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "text_box/bytes.h"
+
+class Sumas {
+ public:
+  struct Bloque {
+    std::uint32_t bytes = 0;
+    std::uint32_t cuenta = 0;
+  };
+  // A block with what lies before it.
+  struct Lugar {
+    std::size_t bloque = 0;
+    Posicion bytes = 0;
+    std::int64_t cuenta = 0;
+  };
+
+  void Vaciar();
+  void Agregar(Bloque bloque);
+  // Blocks [desde, hasta) give way to `nuevos`.
+  void Sustituir(std::size_t desde, std::size_t hasta, std::span<const Bloque> nuevos);
+  void Sumar(std::size_t bloque, std::uint32_t cuenta);  // adds to one block's count
+
+  std::size_t Bloques() const { return bloques_.size(); }
+  Bloque En(std::size_t bloque) const { return bloques_[bloque]; }
+  Posicion Bytes() const { return total_.bytes; }
+  std::int64_t Cuenta() const { return total_.cuenta; }
+
+  Lugar Donde(std::size_t bloque) const;  // up to Bloques(): the end
+  // The block that holds byte `pos`; the end when pos >= Bytes().
+  Lugar PorPosicion(Posicion pos) const;
+  // The block that holds item number `n` of what is counted, from 0; the end when n >= Cuenta().
+  Lugar PorCuenta(std::int64_t n) const;
+
+ private:
+  struct Grupo {
+    Posicion bytes = 0;
+    std::int64_t cuenta = 0;
+  };
+  void Recalcular(std::size_t desde, std::size_t hasta);
+
+  std::vector<Bloque> bloques_;
+  std::vector<Grupo> grupos_;
+  Grupo total_;
+};
