@@ -1,25 +1,20 @@
 // Reading and replacing a file whole: the one way any file of the user's is read or written.
 #pragma once
 
-#include <QByteArray>
-#include <QString>
 #include <cstddef>
 #include <span>
 #include <string_view>
 
+#include <QByteArray>
+#include <QString>
+
+#include "shared/descriptor.h"
 #include "shared/resultado.h"
 
 // A regular file that is open for reading from its first byte. Symbolic links are followed.
 class LectorArchivo {
  public:
   enum class SiFalta { Fallar, Crear };  // Crear: a missing file is made, empty
-
-  LectorArchivo() = default;
-  LectorArchivo(LectorArchivo&& otro) noexcept;
-  LectorArchivo& operator=(LectorArchivo&& otro) noexcept;
-  LectorArchivo(const LectorArchivo&) = delete;
-  LectorArchivo& operator=(const LectorArchivo&) = delete;
-  ~LectorArchivo();
 
   // Anything but a regular file fails: a folder with EISDIR, a pipe or device with EINVAL; it
   // never blocks and never reads from one.
@@ -28,9 +23,10 @@ class LectorArchivo {
   std::size_t Tamano() const { return tamano_; }  // bytes, when it was opened
   // Reads up to `maximo` bytes; 0 bytes read means the end. Interrupted calls are repeated.
   ResultadoCon<std::size_t> Leer(char* destino, std::size_t maximo);
+  ResultadoCon<QByteArray> LeerResto();  // everything that is left; ENOMEM when it is too much
 
  private:
-  int descriptor_ = -1;
+  Descriptor descriptor_;
   std::size_t tamano_ = 0;
 };
 

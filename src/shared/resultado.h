@@ -1,12 +1,13 @@
 // What a function that can fail gives back: nothing, or the system's reason.
 #pragma once
 
-#include <QString>
 #include <utility>
+
+#include <QString>
 
 class [[nodiscard]] Resultado {
  public:
-  Resultado() = default;  // success
+  Resultado() = default;                                            // success
   static Resultado Fallo(int codigo) { return Resultado(codigo); }  // an errno value
 
   bool Bien() const { return codigo_ == 0; }
@@ -22,8 +23,8 @@ class [[nodiscard]] Resultado {
 template <typename T>
 class [[nodiscard]] ResultadoCon {
  public:
-  ResultadoCon(T valor) : valor_(std::move(valor)) {}                 // NOLINT: implicit
-  ResultadoCon(Resultado resultado) : resultado_(resultado) {}        // NOLINT: a failure
+  ResultadoCon(T valor) : valor_(std::move(valor)) {}           // NOLINT: implicit
+  ResultadoCon(Resultado resultado) : resultado_(resultado) {}  // NOLINT: a failure
 
   bool Bien() const { return resultado_.Bien(); }
   Resultado Fallo() const { return resultado_; }

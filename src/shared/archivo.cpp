@@ -1,0 +1,78 @@
+#include "shared/archivo.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <utility>
+
+#include "shared/reemplazo.h"
+
+namespace {
+
+constexpr int MaximoIntentos = 5;  // against another program that replaces the same file
+
+constexpr int SoloLectura = O_RDONLY | O_NONBLOCK | O_NOCTTY;
+constexpr unsigned PermisosNuevos = 0666;
+
+// What is no regular file is not even opened: opening alone can block or act on a device.
+Resultado ExigirRegularSiExiste(const char* ruta) {
+  struct stat estado {};
+  return ::stat(ruta, &estado) == 0 ? ExigirRegular(estado) : Resultado();
+}
+
+Resultado Reemplazar(const QString& ruta, const Reemplazo& reemplazo, bool puede_ser_nuevo) {
+  const QByteArray del_sistema = RutaDelSistema(ruta);
+  Resultado resultado;
+  for (int intento = 0; intento < MaximoIntentos; ++intento) {
+    resultado = ReemplazarExistente(del_sistema.constData(), reemplazo);
+    if (resultado.Codigo() == ENOENT && puede_ser_nuevo) {
+      resultado = CrearNuevo(del_sistema.constData(), reemplazo);
+    }
+    if (resultado.Codigo() != ESTALE && resultado.Codigo() != EEXIST) break;
+  }
+  return resultado;
+}
+
+}  // namespace
+
+ResultadoCon<LectorArchivo> LectorArchivo::Abrir(const QString& ruta, SiFalta si_falta) {
+  const QByteArray del_sistema = RutaDelSistema(ruta);
+  const Resultado regular = ExigirRegularSiExiste(del_sistema.constData());
+  if (!regular.Bien()) return regular;
+  auto abierto = ::Abrir(AT_FDCWD, del_sistema.constData(), SoloLectura);
+  if (!abierto.Bien() && abierto.Fallo().Codigo() == ENOENT && si_falta == SiFalta::Crear) {
+    abierto = ::Abrir(AT_FDCWD, del_sistema.constData(), SoloLectura | O_CREAT, PermisosNuevos);
+  }
+  if (!abierto.Bien()) return abierto.Fallo();
+  const auto estado = Estado(abierto.Valor().Numero());
+  if (!estado.Bien()) return estado.Fallo();
+  const Resultado sigue = ExigirRegular(estado.Valor());
+  if (!sigue.Bien()) return sigue;
+  LectorArchivo lector;
+  lector.descriptor_ = std::move(abierto.Valor());
+  lector.tamano_ = static_cast<std::size_t>(estado.Valor().st_size);
+  return lector;
+}
+
+ResultadoCon<std::size_t> LectorArchivo::Leer(char* destino, std::size_t maximo) {
+  return LeerEn(descriptor_.Numero(), destino, maximo);
+}
+
+ResultadoCon<QByteArray> LectorArchivo::LeerResto() {
+  return LeerTodo(descriptor_.Numero(), tamano_);
+}
+
+ResultadoCon<QByteArray> LeerArchivo(const QString& ruta) {
+  auto lector = LectorArchivo::Abrir(ruta, LectorArchivo::SiFalta::Fallar);
+  if (!lector.Bien()) return lector.Fallo();
+  return lector.Valor().LeerResto();
+}
+
+Resultado ReemplazarArchivo(const QString& ruta, std::span<const std::string_view> tramos,
+                            Duracion duracion) {
+  return Reemplazar(ruta, {tramos, duracion}, false);
+}
+
+Resultado CrearOReemplazarArchivo(const QString& ruta, std::span<const std::string_view> tramos,
+                                  Duracion duracion) {
+  return Reemplazar(ruta, {tramos, duracion}, true);
+}

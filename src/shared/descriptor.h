@@ -1,0 +1,51 @@
+// A file descriptor with an owner, and the calls on it that every interruption repeats.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <sys/stat.h>
+
+#include <QByteArray>
+#include <QString>
+
+#include "shared/resultado.h"
+
+class Descriptor {
+ public:
+  Descriptor() = default;
+  explicit Descriptor(int numero) : numero_(numero) {}
+  Descriptor(Descriptor&& otro) noexcept;
+  Descriptor& operator=(Descriptor&& otro) noexcept;
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor();
+
+  bool Abierto() const { return numero_ >= 0; }
+  int Numero() const { return numero_; }
+  // Closes it now. A close that fails may have lost what was written.
+  Resultado Cerrar();
+
+ private:
+  int numero_ = -1;
+};
+
+// openat(2), with O_CLOEXEC; `carpeta` may be AT_FDCWD.
+ResultadoCon<Descriptor> Abrir(int carpeta, const char* nombre, int modo_apertura,
+                               unsigned permisos = 0);
+ResultadoCon<struct stat> Estado(int descriptor);
+// EISDIR for a folder, EINVAL for a pipe, socket or device.
+Resultado ExigirRegular(const struct stat& estado);
+bool MismoNodo(const struct stat& uno, const struct stat& otro);
+
+// 0 bytes read means the end.
+ResultadoCon<std::size_t> LeerEn(int descriptor, char* destino, std::size_t maximo);
+ResultadoCon<QByteArray> LeerTodo(int descriptor, std::size_t tamano_previsto);
+// Writes the pieces one after the other from the first byte of the file.
+Resultado EscribirTodo(int descriptor, std::span<const std::string_view> tramos);
+Resultado Truncar(int descriptor, std::size_t tamano);
+// Waits for the disk; success where the file system has no such call.
+Resultado Sincronizar(int descriptor);
+
+// The path as the system takes it; empty when it cannot be one (it holds a NUL).
+QByteArray RutaDelSistema(const QString& ruta);

@@ -1,0 +1,72 @@
+#include "shared/perfil.h"
+
+#include <algorithm>
+
+#include "shared/numeros.h"
+#include "shared/pagina_codigos.h"
+
+namespace {
+
+constexpr qsizetype MaximoLeido = LongitudBuffer - 1;  // a NUL stands behind it
+
+}  // namespace
+
+void Perfil::Leer(const QString& ruta, QStringView seccion, QStringView clave,
+                  QStringView defecto) {
+  (void)LeerLargo(ruta, seccion, clave, defecto);
+}
+
+QString Perfil::LeerLargo(const QString& ruta, QStringView seccion, QStringView clave,
+                          QStringView defecto) {
+  const QByteArray valor = acceso_.LeerCadena(seccion, clave, PaginaCodigos::ABytes(defecto), ruta);
+  Longitud = static_cast<std::int16_t>(std::min(valor.size(), MaximoLeido));
+  std::copy_n(valor.begin(), Longitud, Buffer.begin());
+  Buffer[static_cast<std::size_t>(Longitud)] = '\0';
+  return PaginaCodigos::ATexto(valor);
+}
+
+QString Perfil::Valor() const {
+  return PaginaCodigos::ATexto(Leido());
+}
+
+bool Perfil::EsSi() const {
+  return Leido().startsWith("Si");
+}
+
+bool Perfil::EsInicial() const {
+  return Leido().startsWith("Inicial");
+}
+
+int Perfil::Entero16(int defecto) const {
+  const auto numero = Numeros::Entero16(Leido());
+  return numero ? *numero : defecto;
+}
+
+std::optional<std::int32_t> Perfil::Color() const {
+  return Numeros::Color(Leido());
+}
+
+std::optional<double> Perfil::Puntos() const {
+  return Numeros::Puntos(Leido());
+}
+
+std::int16_t Perfil::Total() const {
+  return Numeros::Total(Leido());
+}
+
+void Perfil::Escribir(const QString& ruta, QStringView seccion, QStringView clave,
+                      QStringView texto) {
+  acceso_.EscribirCadena(seccion, clave, PaginaCodigos::ABytes(texto), ruta);
+}
+
+void Perfil::EscribirBuffer(const QString& ruta, QStringView seccion, QStringView clave,
+                            QStringView texto) {
+  EscribirLargo(ruta, seccion, clave, texto.left(LongitudBuffer));
+}
+
+void Perfil::EscribirLargo(const QString& ruta, QStringView seccion, QStringView clave,
+                           QStringView texto) {
+  const QByteArray campo = PaginaCodigos::ABytes(texto).leftJustified(LongitudBuffer, ' ');
+  std::copy_n(campo.begin(), LongitudBuffer, Buffer.begin());
+  acceso_.EscribirCadena(seccion, clave, campo, ruta);
+}

@@ -1,0 +1,80 @@
+// The settings as the program sees them: one value at a time, through one buffer. Nothing is kept:
+// every read and every write goes to the file.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include <QByteArray>
+#include <QString>
+#include <QStringView>
+
+#include "shared/constantes.h"
+
+// The private-profile files, one value by section and key. Values are bytes of the code page.
+class AccesoPerfil {
+ public:
+  AccesoPerfil() = default;
+  AccesoPerfil(const AccesoPerfil&) = delete;
+  AccesoPerfil& operator=(const AccesoPerfil&) = delete;
+  virtual ~AccesoPerfil() = default;
+
+  // The value at full length, or `defecto` when the file, the section or the key is missing.
+  virtual QByteArray LeerCadena(QStringView seccion, QStringView clave, const QByteArray& defecto,
+                                const QString& ruta) = 0;
+  // Creates or replaces the key; section, file and folder are created when missing. Its failures
+  // are not reported.
+  virtual void EscribirCadena(QStringView seccion, QStringView clave, const QByteArray& valor,
+                              const QString& ruta) = 0;
+};
+
+// The files on the disk. A write holds a flock(2) on the file's folder, so that programs running
+// at the same time lose none of each other's keys. A file that exists but cannot be read is not
+// written, and neither is one that would not change.
+class AccesoPerfilArchivo : public AccesoPerfil {
+ public:
+  QByteArray LeerCadena(QStringView seccion, QStringView clave, const QByteArray& defecto,
+                        const QString& ruta) override;
+  void EscribirCadena(QStringView seccion, QStringView clave, const QByteArray& valor,
+                      const QString& ruta) override;
+};
+
+// The one buffer and the calls on it.
+class Perfil {
+ public:
+  explicit Perfil(AccesoPerfil& acceso) : acceso_(acceso) { Buffer.fill(' '); }
+
+  // Places the value in Buffer, cut to 99 characters, with a NUL behind it; what was further
+  // behind stays.
+  void Leer(const QString& ruta, QStringView seccion, QStringView clave, QStringView defecto);
+  // The same, and gives back the whole value however long it is.
+  QString LeerLargo(const QString& ruta, QStringView seccion, QStringView clave,
+                    QStringView defecto);
+
+  // The forms in which a value that was read is used.
+  QString Valor() const;            // the first Longitud characters
+  bool EsSi() const;                // the first two are "Si"
+  bool EsInicial() const;           // the first seven are "Inicial": nothing is stored
+  int Entero16(int defecto) const;  // clamped to 16 bits; `defecto` for what is no whole number
+  std::optional<std::int32_t> Color() const;
+  std::optional<double> Puntos() const;
+  std::int16_t Total() const;
+
+  // Writes the text as it is, without blanks behind it.
+  void Escribir(const QString& ruta, QStringView seccion, QStringView clave, QStringView texto);
+  // Places the text in Buffer, cut or filled with blanks to 100 characters, and writes Buffer.
+  void EscribirBuffer(const QString& ruta, QStringView seccion, QStringView clave,
+                      QStringView texto);
+  // The same field of 100 characters, but a longer text is written whole.
+  void EscribirLargo(const QString& ruta, QStringView seccion, QStringView clave,
+                     QStringView texto);
+
+  std::array<char, LongitudBuffer> Buffer;  // bytes of the code page
+  std::int16_t Longitud = 0;                // characters of the last read
+
+ private:
+  QByteArrayView Leido() const { return {Buffer.data(), Longitud}; }
+
+  AccesoPerfil& acceso_;
+};

@@ -1,0 +1,205 @@
+#include "shared/reemplazo.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <fcntl.h>
+#include <memory>
+#include <string>
+#include <unistd.h>
+#include <utility>
+
+#include "shared/archivo_temporal.h"
+#include "shared/atributos.h"
+#include "shared/descriptor.h"
+#include "shared/en_sitio.h"
+
+namespace {
+
+constexpr unsigned PermisosPrivados = 0600;
+constexpr unsigned PermisosNuevos = 0666;  // less the process's mask
+constexpr mode_t BitsDeEscritura = 0222;
+constexpr int MaximoEnlaces = 40;  // as the kernel
+
+bool EsUno(int codigo, std::initializer_list<int> codigos) {
+  for (const int uno : codigos) {
+    if (uno == codigo) return true;
+  }
+  return false;
+}
+
+bool CarpetaCerrada(Resultado resultado) {
+  return EsUno(resultado.Codigo(), {EACCES, EPERM, EROFS});
+}
+
+bool RenombrarRehusado(Resultado resultado) {
+  return EsUno(resultado.Codigo(), {EBUSY, EXDEV, EPERM, EACCES});
+}
+
+// A folder, open for calls relative to it, and a name in it.
+struct Lugar {
+  Descriptor carpeta;
+  std::string nombre;
+
+  const char* Nombre() const { return nombre.c_str(); }
+  int Carpeta() const { return carpeta.Numero(); }
+};
+
+std::string CarpetaDe(const std::string& ruta) {
+  const std::size_t barra = ruta.rfind('/');
+  if (barra == std::string::npos) return ".";
+  return ruta.substr(0, barra == 0 ? 1 : barra);
+}
+
+ResultadoCon<Lugar> Situar(const std::string& ruta) {
+  Lugar lugar;
+  lugar.nombre = ruta.substr(ruta.rfind('/') + 1);
+  if (lugar.nombre.empty()) return Resultado::Fallo(ruta.empty() ? ENOENT : EISDIR);
+  auto carpeta = Abrir(AT_FDCWD, CarpetaDe(ruta).c_str(), O_PATH | O_DIRECTORY);
+  if (!carpeta.Bien()) return carpeta.Fallo();
+  lugar.carpeta = std::move(carpeta.Valor());
+  return lugar;
+}
+
+ResultadoCon<std::string> RutaReal(const char* ruta) {
+  const std::unique_ptr<char, void (*)(void*)> real(::realpath(ruta, nullptr), std::free);
+  if (!real) return Resultado::Fallo(errno);
+  return std::string(real.get());
+}
+
+// Follows links whose last target is missing, which realpath() does not.
+ResultadoCon<std::string> RutaPorCrear(std::string ruta) {
+  for (int i = 0; i < MaximoEnlaces; ++i) {
+    std::string destino(PATH_MAX, '\0');
+    const ssize_t largo = ::readlink(ruta.c_str(), destino.data(), destino.size());
+    if (largo < 0) return ruta;
+    destino.resize(static_cast<std::size_t>(largo));
+    ruta = destino.starts_with('/') ? destino : CarpetaDe(ruta) + '/' + destino;
+  }
+  return Resultado::Fallo(ELOOP);
+}
+
+ResultadoCon<Descriptor> AbrirDocumento(const Lugar& lugar) {
+  // A pipe or device is not even opened; the second look is at what was opened in the end.
+  struct stat antes {};
+  if (::fstatat(lugar.Carpeta(), lugar.Nombre(), &antes, 0) < 0) return Resultado::Fallo(errno);
+  const Resultado regular = ExigirRegular(antes);
+  if (!regular.Bien()) return regular;
+  if ((antes.st_mode & BitsDeEscritura) == 0) return Resultado::Fallo(EACCES);
+  auto documento =
+      Abrir(lugar.Carpeta(), lugar.Nombre(), O_RDWR | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+  if (!documento.Bien()) return documento;
+  const auto estado = Estado(documento.Valor().Numero());
+  if (!estado.Bien()) return estado.Fallo();
+  const Resultado sigue = ExigirRegular(estado.Valor());
+  if (!sigue.Bien()) return sigue;
+  return documento;
+}
+
+Resultado Rellenar(const ArchivoTemporal& temporal, const Reemplazo& reemplazo) {
+  return EscribirTodo(temporal.Numero(), reemplazo.tramos);
+}
+
+// Ends the writing of a temporary file: nothing of it is lost from here on.
+Resultado Cerrar(ArchivoTemporal& temporal, const Reemplazo& reemplazo) {
+  if (reemplazo.duracion == Duracion::Sincronizada) {
+    const Resultado sincronizado = Sincronizar(temporal.Numero());
+    if (!sincronizado.Bien()) return sincronizado;
+  }
+  return temporal.Cerrar();
+}
+
+// The name has changed by now, so a failure here has nothing to undo and is not one of the save.
+void SincronizarCarpeta(const Lugar& lugar, const Reemplazo& reemplazo) {
+  if (reemplazo.duracion == Duracion::SinSincronizar) return;
+  const auto carpeta = Abrir(lugar.Carpeta(), ".", O_RDONLY | O_DIRECTORY);
+  if (carpeta.Bien()) (void)Sincronizar(carpeta.Valor().Numero());
+}
+
+Resultado ComprobarQueSigue(const Lugar& lugar, const struct stat& documento) {
+  struct stat ahora {};
+  const int devuelto = ::fstatat(lugar.Carpeta(), lugar.Nombre(), &ahora, AT_SYMLINK_NOFOLLOW);
+  if (devuelto < 0) return Resultado::Fallo(errno);
+  return MismoNodo(ahora, documento) ? Resultado() : Resultado::Fallo(ESTALE);
+}
+
+// Writes into the document while `copia`, where there is one, holds the new content.
+Resultado EnSitio(const Lugar& lugar, const Descriptor& documento, const struct stat& estado,
+                  ArchivoTemporal copia, const Reemplazo& reemplazo) {
+  if (copia.Existe()) {
+    const Resultado nombrada = copia.HacerCopiaDe(estado.st_ino);
+    if (!nombrada.Bien() && !RenombrarRehusado(nombrada)) return nombrada;
+    SincronizarCarpeta(lugar, reemplazo);
+  }
+  const FalloEnSitio fallo =
+      EscribirEnSitio(documento.Numero(), reemplazo.tramos, reemplazo.duracion);
+  if (!fallo.restaurado) copia.Conservar();
+  return fallo.resultado;
+}
+
+// Replaces the document by the temporary file, or writes into it where that is refused.
+Resultado Poner(const Lugar& lugar, const Descriptor& documento, const struct stat& estado,
+                ArchivoTemporal temporal, const Reemplazo& reemplazo) {
+  bool reproducido = false;
+  if (estado.st_nlink == 1) {
+    const auto copia = CopiarAtributos(documento.Numero(), temporal.Numero());
+    if (!copia.Bien()) return copia.Fallo();
+    reproducido = copia.Valor() == Copia::Completa;
+  }
+  const Resultado cerrado = Cerrar(temporal, reemplazo);
+  if (!cerrado.Bien()) return cerrado;
+  const Resultado sigue = ComprobarQueSigue(lugar, estado);
+  if (!sigue.Bien()) return sigue;
+  if (reproducido) {
+    const Resultado renombrado = temporal.Reemplazar(lugar.Nombre());
+    if (renombrado.Bien()) SincronizarCarpeta(lugar, reemplazo);
+    if (!RenombrarRehusado(renombrado)) return renombrado;
+  }
+  return EnSitio(lugar, documento, estado, std::move(temporal), reemplazo);
+}
+
+}  // namespace
+
+Resultado ReemplazarExistente(const char* ruta, const Reemplazo& reemplazo) {
+  const auto real = RutaReal(ruta);
+  if (!real.Bien()) return real.Fallo();
+  const auto situado = Situar(real.Valor());
+  if (!situado.Bien()) return situado.Fallo();
+  const Lugar& lugar = situado.Valor();
+  const auto documento = AbrirDocumento(lugar);
+  if (!documento.Bien()) return documento.Fallo();
+  const auto estado = Estado(documento.Valor().Numero());
+  if (!estado.Bien()) return estado.Fallo();
+
+  QuitarRestos(lugar.Carpeta());
+  auto temporal = ArchivoTemporal::Crear(lugar.Carpeta(), PermisosPrivados);
+  if (!temporal.Bien()) {
+    if (!CarpetaCerrada(temporal.Fallo())) return temporal.Fallo();
+    return EnSitio(lugar, documento.Valor(), estado.Valor(), {}, reemplazo);
+  }
+  const Resultado relleno = Rellenar(temporal.Valor(), reemplazo);
+  if (!relleno.Bien()) return relleno;
+  const Resultado puesto =
+      Poner(lugar, documento.Valor(), estado.Valor(), std::move(temporal.Valor()), reemplazo);
+  if (puesto.Bien()) QuitarCopias(lugar.Carpeta(), estado.Valor().st_ino);
+  return puesto;
+}
+
+Resultado CrearNuevo(const char* ruta, const Reemplazo& reemplazo) {
+  const auto destino = RutaPorCrear(ruta);
+  if (!destino.Bien()) return destino.Fallo();
+  const auto situado = Situar(destino.Valor());
+  if (!situado.Bien()) return situado.Fallo();
+  const Lugar& lugar = situado.Valor();
+  QuitarRestos(lugar.Carpeta());
+  auto creado = ArchivoTemporal::Crear(lugar.Carpeta(), PermisosNuevos);
+  if (!creado.Bien()) return creado.Fallo();
+  ArchivoTemporal& temporal = creado.Valor();
+  const Resultado relleno = Rellenar(temporal, reemplazo);
+  if (!relleno.Bien()) return relleno;
+  const Resultado cerrado = Cerrar(temporal, reemplazo);
+  if (!cerrado.Bien()) return cerrado;
+  const Resultado estrenado = temporal.Estrenar(lugar.Nombre());
+  if (estrenado.Bien()) SincronizarCarpeta(lugar, reemplazo);
+  return estrenado;
+}
