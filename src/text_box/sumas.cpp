@@ -1,0 +1,118 @@
+#include "text_box/sumas.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr std::size_t PorGrupo = 64;
+
+// Runs through groups, then through the blocks of one, as long as `queda_atras` says that all of
+// what was summed up so far, with the next, lies before what is sought.
+template <typename Grupo, typename QuedaAtras>
+Sumas::Lugar Buscar(const std::vector<Sumas::Bloque>& bloques, const std::vector<Grupo>& grupos,
+                    QuedaAtras queda_atras) {
+  Sumas::Lugar lugar;
+  std::size_t grupo = 0;
+  while (grupo < grupos.size() &&
+         queda_atras(lugar.bytes + grupos[grupo].bytes, lugar.cuenta + grupos[grupo].cuenta)) {
+    lugar.bytes += grupos[grupo].bytes;
+    lugar.cuenta += grupos[grupo].cuenta;
+    ++grupo;
+  }
+  lugar.bloque = std::min(grupo * PorGrupo, bloques.size());
+  while (lugar.bloque < bloques.size()) {
+    const Sumas::Bloque& bloque = bloques[lugar.bloque];
+    if (!queda_atras(lugar.bytes + bloque.bytes, lugar.cuenta + bloque.cuenta)) break;
+    lugar.bytes += bloque.bytes;
+    lugar.cuenta += bloque.cuenta;
+    ++lugar.bloque;
+  }
+  return lugar;
+}
+
+}  // namespace
+
+void Sumas::Vaciar() {
+  bloques_.clear();
+  grupos_.clear();
+  total_ = {};
+}
+
+void Sumas::Agregar(Bloque bloque) {
+  if (bloques_.size() % PorGrupo == 0) grupos_.emplace_back();
+  bloques_.push_back(bloque);
+  for (Grupo* suma : {&grupos_.back(), &total_}) {
+    suma->bytes += bloque.bytes;
+    suma->cuenta += bloque.cuenta;
+  }
+}
+
+void Sumas::Sustituir(std::size_t desde, std::size_t hasta, std::span<const Bloque> nuevos) {
+  const std::size_t quitados = hasta - desde;
+  const std::size_t comunes = std::min(quitados, nuevos.size());
+  const auto lugar = bloques_.begin() + static_cast<std::ptrdiff_t>(desde);
+  std::copy_n(nuevos.begin(), comunes, lugar);
+  const auto resto = lugar + static_cast<std::ptrdiff_t>(comunes);
+  if (quitados > comunes)
+    bloques_.erase(resto, lugar + static_cast<std::ptrdiff_t>(quitados));
+  else
+    bloques_.insert(resto, nuevos.begin() + static_cast<std::ptrdiff_t>(comunes), nuevos.end());
+  // Only the groups with changed blocks, unless all that follow have moved.
+  Recalcular(desde, quitados == nuevos.size() ? hasta : bloques_.size());
+}
+
+void Sumas::Sumar(std::size_t bloque, std::uint32_t cuenta) {
+  bloques_[bloque].cuenta += cuenta;
+  grupos_[bloque / PorGrupo].cuenta += cuenta;
+  total_.cuenta += cuenta;
+}
+
+// Sums up the groups of blocks [desde, hasta) again; to the end, when there are fewer or more.
+void Sumas::Recalcular(std::size_t desde, std::size_t hasta) {
+  const std::size_t cuantos = (bloques_.size() + PorGrupo - 1) / PorGrupo;
+  const std::size_t primero = desde / PorGrupo;
+  const std::size_t ultimo = std::min((hasta + PorGrupo - 1) / PorGrupo, cuantos);
+  const std::size_t viejos = grupos_.size();
+  for (std::size_t i = primero; i < std::max(viejos, cuantos); ++i) {
+    if (i < viejos && (i < ultimo || i >= cuantos)) {
+      total_.bytes -= grupos_[i].bytes;
+      total_.cuenta -= grupos_[i].cuenta;
+    }
+  }
+  grupos_.resize(cuantos);
+  for (std::size_t i = primero; i < ultimo; ++i) {
+    Grupo grupo;
+    const std::size_t fin = std::min((i + 1) * PorGrupo, bloques_.size());
+    for (std::size_t j = i * PorGrupo; j < fin; ++j) {
+      grupo.bytes += bloques_[j].bytes;
+      grupo.cuenta += bloques_[j].cuenta;
+    }
+    grupos_[i] = grupo;
+    total_.bytes += grupo.bytes;
+    total_.cuenta += grupo.cuenta;
+  }
+}
+
+Sumas::Lugar Sumas::Donde(std::size_t bloque) const {
+  Lugar lugar;
+  lugar.bloque = bloque;
+  for (std::size_t i = 0; i < bloque / PorGrupo; ++i) {
+    lugar.bytes += grupos_[i].bytes;
+    lugar.cuenta += grupos_[i].cuenta;
+  }
+  for (std::size_t i = bloque / PorGrupo * PorGrupo; i < bloque; ++i) {
+    lugar.bytes += bloques_[i].bytes;
+    lugar.cuenta += bloques_[i].cuenta;
+  }
+  return lugar;
+}
+
+Sumas::Lugar Sumas::PorPosicion(Posicion pos) const {
+  return Buscar(bloques_, grupos_,
+                [pos](Posicion bytes, std::int64_t) { return bytes <= pos; });
+}
+
+Sumas::Lugar Sumas::PorCuenta(std::int64_t n) const {
+  return Buscar(bloques_, grupos_, [n](Posicion, std::int64_t cuenta) { return cuenta <= n; });
+}
