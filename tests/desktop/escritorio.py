@@ -1,0 +1,312 @@
+"""A desktop of its own for one journey through the program: X server, window manager, message bus,
+screen reader's bus and home folder, all private and gone afterwards. Nothing sleeps for a fixed
+time: what is expected is waited for, and named when it does not come.
+"""
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+PLAZO = 30  # seconds until something expected counts as missing
+# The icons of the main window, from their rectangles in twips: left, top, width, height.
+ICONOS = {
+    "Abrir": (240, 50, 435, 540), "Nuevo": (920, 80, 435, 435),
+    "S.Visible": (1800, 870, 410, 435), "Anterior": (1365, 1530, 315, 315),
+    "Siguiente": (1830, 1530, 315, 315), "Ayuda": (1940, 4600, 315, 300),
+}
+LISTA = (18, 145)  # the list's corner in the main window, pixels
+ALTO_ENTRADA = 13  # roughly; only the first entries are clicked
+GUARDAR, CANCELAR = 87, 46  # the save panel's buttons, pixels from the right edge
+TITULO_ABRIR, TITULO_GUARDAR = "Abrir archivos...", "Guardar archivo..."
+
+
+def esperar(que, condicion, plazo=PLAZO):
+    """Polls until `condicion()` is true and returns that value."""
+    limite = time.monotonic() + plazo
+    while True:
+        valor = condicion()
+        if valor:
+            return valor
+        if time.monotonic() > limite:
+            raise AssertionError(f"expected in vain: {que}")
+        time.sleep(0.04)
+
+
+def esperar_valor(que, leer, esperado, plazo=PLAZO):
+    visto = None
+
+    def igual():
+        nonlocal visto
+        visto = leer()
+        return visto == esperado
+    try:
+        esperar(que, igual, plazo)
+    except AssertionError:
+        raise AssertionError(f"{que}: expected {esperado!r}, seen {visto!r}") from None
+
+
+class Escritorio:
+    def __init__(self, binarios, con_gestor=True):
+        self.con_gestor = con_gestor
+        self.procesos = []
+        self.programa = None
+        self.principal = None  # the main window's number
+        self.raiz = pathlib.Path(tempfile.mkdtemp(prefix="velda-"))
+        self.textos = self.raiz / "textos"
+        self.bin = self.raiz / "programa"  # a copy, so that the settings lie beside it
+        self.direcciones = self.raiz / "direcciones"  # what was handed to xdg-open
+        for carpeta in ("casa", "ejecucion", "ordenes", "textos"):
+            (self.raiz / carpeta).mkdir(mode=0o700)
+        shutil.copytree(binarios, self.bin)
+        (self.bin / "Velda.INI").unlink(missing_ok=True)
+
+    def __enter__(self):
+        try:
+            self._encender()
+        except BaseException:
+            self._apagar()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        self._apagar()
+
+    # --- the desktop
+
+    def _encender(self):
+        abridor = self.raiz / "ordenes" / "xdg-open"
+        abridor.write_text(f'#!/bin/sh\necho "$1" >> {self.direcciones}\n')
+        abridor.chmod(0o755)
+        for nombre in [n for n in os.environ if n.startswith(("QT_", "XDG_", "WAYLAND_", "LC_"))]:
+            del os.environ[nombre]
+        os.environ.update(
+            HOME=str(self.raiz / "casa"), XDG_RUNTIME_DIR=str(self.raiz / "ejecucion"),
+            PATH=f"{self.raiz}/ordenes:{os.environ['PATH']}", LC_ALL="C", LANG="C",
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        pantalla = self._arrancar_y_leer(
+            "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-noreset", "-nolisten", "tcp")
+        os.environ["DISPLAY"] = ":" + pantalla
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._arrancar_y_leer(
+            "dbus-daemon", "--session", "--nofork", "--print-address=1")
+        self._arrancar("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
+        esperar("the screen reader's bus", lambda: "AT_SPI_BUS" in self.orden(
+            "xprop", "-root", "AT_SPI_BUS") and "unix:" in self.orden("xprop", "-root", "AT_SPI_BUS"))
+        if self.con_gestor:
+            self._arrancar("openbox")
+            esperar("the window manager", lambda: "Openbox" in self.orden("wmctrl", "-m"))
+
+    def _arrancar(self, *orden, salida=subprocess.DEVNULL):
+        proceso = subprocess.Popen(orden, stdin=subprocess.DEVNULL, stdout=salida,
+                                   stderr=subprocess.DEVNULL, start_new_session=True)
+        self.procesos.append(proceso)
+        return proceso
+
+    def _arrancar_y_leer(self, *orden):
+        linea = self._arrancar(*orden, salida=subprocess.PIPE).stdout.readline().decode().strip()
+        if not linea:
+            raise RuntimeError(f"{orden[0]} did not start")
+        return linea
+
+    def _apagar(self):
+        for proceso in reversed(self.procesos):
+            try:
+                os.killpg(proceso.pid, signal.SIGKILL)
+            except ProcessLookupError:
+                pass
+            proceso.wait()
+        shutil.rmtree(self.raiz, ignore_errors=True)
+
+    @staticmethod
+    def orden(*orden):
+        """What a command prints; empty when it fails."""
+        hecho = subprocess.run(orden, stdin=subprocess.DEVNULL, capture_output=True, timeout=PLAZO,
+                               check=False)
+        return hecho.stdout.decode(errors="replace") if hecho.returncode == 0 else ""
+
+    def captura(self, archivo):
+        pathlib.Path(archivo).parent.mkdir(parents=True, exist_ok=True)
+        self.orden("import", "-silent", "-window", "root", str(archivo))
+
+    # --- the program
+
+    def iniciar(self):
+        """Starts the program and waits for its two windows."""
+        with open(self.raiz / "salida.txt", "ab") as salida:
+            self.programa = subprocess.Popen([str(self.bin / "velda")], cwd=self.raiz,
+                                             stdin=subprocess.DEVNULL, stdout=salida,
+                                             stderr=salida, start_new_session=True)
+        self.procesos.append(self.programa)
+        self.principal = self.esperar_ventana(r"^Velda\.\.\.$")
+        self.esperar_texto("?")
+
+    def cerrar(self):
+        """Closes the main window; the program must end with code 0."""
+        self.cerrar_ventana(self.principal)
+        esperar("the end of the program", lambda: self.programa.poll() is not None)
+        assert self.programa.returncode == 0, f"exit code {self.programa.returncode}"
+        self.procesos.remove(self.programa)
+
+    def crear(self, nombre, contenido=b""):
+        (self.textos / nombre).write_bytes(contenido)
+        return self.textos / nombre
+
+    def ajuste(self, seccion, clave):
+        """A value of the settings file without its blanks, or None."""
+        archivo = self.bin / "Velda.INI"
+        actual = None
+        for linea in archivo.read_text("cp1252").splitlines() if archivo.exists() else []:
+            if linea.startswith("["):
+                actual = linea.strip("[] ")
+            elif actual == seccion and linea.split("=")[0].strip() == clave:
+                return linea.split("=", 1)[1].strip()
+        return None
+
+    # --- windows
+
+    def ventana(self, titulo):
+        """The number of the visible window whose title matches, or None."""
+        return (self.orden("xdotool", "search", "--onlyvisible", "--name", titulo).split()
+                or [None])[0]
+
+    def esperar_ventana(self, titulo):
+        return esperar(f"a window {titulo}", lambda: self.ventana(titulo))
+
+    def texto(self):
+        return self.ventana("^Archivo: ")
+
+    def esperar_texto(self, documento):
+        """Waits until the text window's title names `documento`; returns its number."""
+        esperar_valor("the text window's title",
+                      lambda: self.titulo(self.texto()), f"Archivo: {documento}")
+        return self.texto()
+
+    def titulo(self, ventana):
+        return ventana and self.orden("xdotool", "getwindowname", ventana).rstrip("\n")
+
+    def enfocada(self):
+        return self.orden("xdotool", "getwindowfocus", "-f").strip()
+
+    def esperar_foco(self, ventana):
+        esperar_valor(f"the keyboard in {self.titulo(ventana)!r}", self.enfocada, ventana)
+
+    def propiedad(self, ventana, nombre):
+        return self.orden("xprop", "-id", ventana, nombre)
+
+    def minimizada(self, ventana):
+        return "Iconic" in self.propiedad(ventana, "WM_STATE")
+
+    def encima(self, ventana):
+        """Does the window manager keep it above the others?"""
+        return "_NET_WM_STATE_ABOVE" in self.propiedad(ventana, "_NET_WM_STATE")
+
+    def cerrar_ventana(self, ventana):
+        self.orden("wmctrl", "-i", "-c", ventana)
+
+    def rectangulo(self, ventana, *opciones):
+        """x, y, width, height of the inside; with "-frame" of the outside."""
+        datos = {}
+        for linea in self.orden("xwininfo", "-id", ventana, *opciones).splitlines():
+            nombre, _, valor = linea.strip().partition(":")
+            datos[nombre] = valor.strip()
+        return tuple(int(datos[n]) for n in ("Absolute upper-left X", "Absolute upper-left Y",
+                                             "Width", "Height"))
+
+    # --- mouse and keys
+
+    def pulsar(self, ventana, x, y):
+        self.orden("xdotool", "mousemove", "--window", ventana, str(int(x)), str(int(y)),
+                   "click", "1")
+
+    def pulsar_icono(self, nombre):
+        izquierda, arriba, ancho, alto = ICONOS[nombre]
+        self.pulsar(self.principal, (izquierda + ancho / 2) / 15, (arriba + alto / 2) / 15)
+
+    def pulsar_entrada(self, indice):
+        self.pulsar(self.principal, LISTA[0] + 30, LISTA[1] + 8 + indice * ALTO_ENTRADA)
+
+    def pulsar_panel(self, desde_derecha):
+        """GUARDAR or CANCELAR of the save panel, once it is there."""
+        esperar("the save panel", self.panel_visible)
+        ventana = self.texto()
+        self.pulsar(ventana, self.rectangulo(ventana)[2] - desde_derecha, 28)
+
+    def teclas(self, *nombres):
+        self.orden("xdotool", "key", "--delay", "20", *nombres)
+
+    def escribir(self, texto):
+        self.orden("xdotool", "type", "--delay", "15", str(texto))
+
+    def escribir_en_texto(self, texto):
+        """Clicks into the text and types."""
+        ventana = self.texto()
+        self.pulsar(ventana, 60, 60)
+        self.esperar_foco(ventana)
+        self.escribir(texto)
+
+    def responder(self, titulo, ruta):
+        """Types a path into a file dialog and accepts it; None cancels it."""
+        dialogo = self.esperar_ventana(titulo)
+        self.esperar_foco(dialogo)
+        if ruta is not None:
+            self.escribir(ruta)
+        self.teclas("Escape" if ruta is None else "Return")
+        esperar(f"{titulo} closed", lambda: not self.ventana(titulo))
+
+    def abrir(self, ruta):
+        self.pulsar_icono("Abrir")
+        self.responder(TITULO_ABRIR, ruta)
+        self.esperar_texto(ruta)
+        self.esperar_foco(self.principal)
+
+    # --- what a screen reader sees
+
+    def accesibles(self):
+        """All that the program shows now, as (role, name, object)."""
+        import pyatspi  # speaks to the bus of this desktop, so not before it is there
+        hallados = []
+
+        def bajar(objeto):
+            if objeto is None or not objeto.getState().contains(pyatspi.STATE_SHOWING):
+                return
+            hallados.append((objeto.getRoleName(), objeto.name, objeto))
+            for hijo in objeto:
+                bajar(hijo)
+        escritorio = pyatspi.Registry.getDesktop(0)
+        escritorio.clear_cache()
+        for programa in escritorio:
+            if programa is not None and programa.name == "velda":
+                for ventana in programa:
+                    bajar(ventana)
+        return hallados
+
+    def panel_visible(self):
+        return any(nombre == "Guardar cambios..." for _, nombre, _ in self.accesibles())
+
+    def entradas(self):
+        """The names in the list of files."""
+        return [nombre for papel, nombre, _ in self.accesibles() if papel == "list item"]
+
+    def texto_mostrado(self):
+        for papel, _, objeto in self.accesibles():
+            if papel == "text":
+                return objeto.queryText().getText(0, -1)
+        return None
+
+
+def recorrer(recorrido):
+    """The body of a journey's script: SCRIPT BINARIES FOLDER_FOR_PICTURES [--sin-gestor]."""
+    binarios, capturas, *opciones = sys.argv[1:]
+    with Escritorio(binarios, con_gestor="--sin-gestor" not in opciones) as escritorio:
+        try:
+            recorrido(escritorio)
+        except BaseException:
+            imagen = pathlib.Path(capturas) / (pathlib.Path(sys.argv[0]).stem + ".png")
+            escritorio.captura(imagen)
+            salida = escritorio.raiz / "salida.txt"
+            print(f"Screenshot: {imagen}\nThe program said:\n"
+                  + (salida.read_text(errors="replace") if salida.exists() else ""))
+            raise
