@@ -1,0 +1,65 @@
+#include "platform/aplicacion.h"
+
+#include <QLocale>
+#include <QPalette>
+#include <QSettings>
+#include <QStyleFactory>
+#include <QToolTip>
+
+#include "platform/fuentes.h"
+
+namespace {
+
+constexpr auto VariablePlataforma = "QT_QPA_PLATFORM";
+constexpr qreal PuntosControles = 8.25;
+
+QPalette PaletaClara() {
+  QPalette paleta(QColor(0xf0, 0xf0, 0xf0));
+  paleta.setColor(QPalette::Base, Qt::white);
+  paleta.setColor(QPalette::AlternateBase, QColor(0xf5, 0xf7, 0xfa));
+  paleta.setColor(QPalette::Highlight, QColor(0x26, 0x5f, 0xb3));
+  paleta.setColor(QPalette::HighlightedText, Qt::white);
+  paleta.setColor(QPalette::ToolTipBase, QColor(0xff, 0xff, 0xe1));
+  paleta.setColor(QPalette::ToolTipText, Qt::black);
+  return paleta;
+}
+
+}  // namespace
+
+Aplicacion::Plataforma::Plataforma() : elegida(!qEnvironmentVariableIsSet(VariablePlataforma)) {
+  if (elegida) {
+    qputenv(VariablePlataforma, "xcb;wayland");
+  }
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  QApplication::setDesktopSettingsAware(false);
+  // The toolkit's file dialog would keep a settings file of its own: there is no folder for it.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
+
+void Aplicacion::Plataforma::Soltar() const {
+  if (elegida) {
+    qunsetenv(VariablePlataforma);
+  }
+}
+
+Aplicacion::Aplicacion(char* programa)
+    : argumentos_{programa, nullptr}, aplicacion_(cuantos_, argumentos_) {
+  plataforma_.Soltar();
+  QApplication::setQuitOnLastWindowClosed(false);
+  PonerIdioma();
+  PonerAspecto();
+}
+
+void Aplicacion::PonerIdioma() {
+  QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
+  if (traductor_.load(QStringLiteral(":/traducciones/qtbase_es.qm"))) {
+    QCoreApplication::installTranslator(&traductor_);
+  }
+}
+
+void Aplicacion::PonerAspecto() {
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Windows")));
+  QApplication::setPalette(PaletaClara());
+  QApplication::setFont(FuenteDe(FuenteControles, PuntosControles));
+  QToolTip::setFont(FuenteDe(FuenteControles, PuntosControles));
+}

@@ -1,0 +1,30 @@
+// The toolkit as the program wants it: Spanish under any locale, one look, no settings of its own.
+#pragma once
+
+#include <QApplication>
+#include <QTranslator>
+
+class Aplicacion {
+ public:
+  explicit Aplicacion(char* programa);
+  static int Ejecutar() { return QApplication::exec(); }
+
+ private:
+  // No window can be placed or kept on top under native Wayland: X11 comes first where the user
+  // has not chosen. The choice ends with the toolkit's start, so that the programs opened from
+  // here do not inherit it.
+  struct Plataforma {
+    Plataforma();
+    void Soltar() const;
+    bool elegida;
+  };
+
+  void PonerIdioma();
+  static void PonerAspecto();
+
+  Plataforma plataforma_;
+  char* argumentos_[2];
+  int cuantos_ = 1;  // the program takes no arguments, so the toolkit is shown none
+  QApplication aplicacion_;
+  QTranslator traductor_;
+};

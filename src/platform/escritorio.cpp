@@ -1,0 +1,8 @@
+#include "platform/escritorio.h"
+
+#include "platform/ventana.h"
+
+EscritorioReal::EscritorioReal()
+    : dialogos_(activacion_),
+      mensajes_(activacion_),
+      servicios_{activacion_, encima_, dialogos_, mensajes_, abridor_} {}

@@ -1,0 +1,33 @@
+// All that the windows ask of the desktop, in one hand.
+#pragma once
+
+#include <memory>
+
+#include "platform/abridor.h"
+#include "platform/activacion.h"
+#include "platform/dialogos_archivo.h"
+#include "platform/encima.h"
+#include "platform/mensajes.h"
+
+struct Escritorio {
+  Activacion& activacion;
+  Encima& encima;
+  DialogosArchivo& dialogos;
+  Mensajes& mensajes;
+  Abridor& abridor;
+};
+
+// The real desktop.
+class EscritorioReal {
+ public:
+  EscritorioReal();
+  Escritorio& Servicios() { return servicios_; }
+
+ private:
+  Activacion activacion_;
+  EncimaReal encima_;
+  DialogosArchivoReales dialogos_;
+  MensajesReales mensajes_;
+  AbridorReal abridor_;
+  Escritorio servicios_;
+};

@@ -1,0 +1,27 @@
+#include "platform/fuentes.h"
+
+#include <QGuiApplication>
+#include <QHash>
+#include <QScreen>
+
+namespace {
+
+constexpr qreal PuntosPorPulgada = 96.0;
+
+QString FamiliaQueSeDibuja(const QString& nombre) {
+  static const QHash<QString, QString> sustitutas{
+      {QStringLiteral("courier"), QStringLiteral("Liberation Mono")},
+      {QStringLiteral("ms sans serif"), QStringLiteral("Liberation Sans")},
+      {QStringLiteral("small fonts"), QStringLiteral("Liberation Sans")}};
+  return sustitutas.value(nombre.toLower(), nombre);
+}
+
+}  // namespace
+
+QFont FuenteDe(const QString& nombre, qreal puntos) {
+  QFont fuente(FamiliaQueSeDibuja(nombre));
+  const QScreen* pantalla = QGuiApplication::primaryScreen();
+  const qreal densidad = pantalla != nullptr ? pantalla->logicalDotsPerInchY() : PuntosPorPulgada;
+  fuente.setPointSizeF(puntos * PuntosPorPulgada / densidad);
+  return fuente;
+}

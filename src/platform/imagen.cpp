@@ -1,0 +1,37 @@
+#include "platform/imagen.h"
+
+#include <utility>
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "platform/dibujos.h"
+
+Imagen::Imagen(QWidget* padre, QString dibujo) : QWidget(padre), dibujo_(std::move(dibujo)) {
+  setMouseTracking(true);
+}
+
+void Imagen::mouseMoveEvent(QMouseEvent* /*evento*/) {
+  emit RatonMovido();
+}
+
+void Imagen::mousePressEvent(QMouseEvent* evento) {
+  evento->accept();
+}
+
+void Imagen::mouseReleaseEvent(QMouseEvent* evento) {
+  if (evento->button() == Qt::LeftButton && rect().contains(evento->position().toPoint())) {
+    emit Pulsada();
+  }
+}
+
+void Imagen::paintEvent(QPaintEvent* /*evento*/) {
+  if (dibujo_.isEmpty()) {
+    return;
+  }
+  const qreal escala = devicePixelRatioF();
+  if (pintada_.deviceIndependentSize() != QSizeF(size()) || pintada_.devicePixelRatio() != escala) {
+    pintada_ = Dibujo(dibujo_, size(), escala);
+  }
+  QPainter(this).drawPixmap(0, 0, pintada_);
+}

@@ -1,0 +1,12 @@
+#include "platform/mensajes.h"
+
+#include <QMessageBox>
+
+#include "platform/dialogo.h"
+#include "platform/ventana.h"
+
+void MensajesReales::Critico(Ventana& duena, const QString& texto, const QString& titulo) {
+  QMessageBox caja(QMessageBox::Critical, titulo, texto, QMessageBox::Ok);
+  caja.setTextFormat(Qt::PlainText);
+  Ejecutar(activacion_, duena, caja);
+}
