@@ -8,6 +8,9 @@
 
 #include "shared/perfil.h"
 
+// What ArchivoActual holds after the list has become empty.
+inline const QString ArchivoNinguno = QStringLiteral("Ninguno");
+
 // One instance for the whole run, made in main() and handed on by reference. Between the windows
 // the flags are requests: one window sets them, another serves them when it becomes active.
 struct ModGral {

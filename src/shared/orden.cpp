@@ -14,11 +14,11 @@ bool LeerEstado(const QString& ruta, struct stat& estado) {
 
 }  // namespace
 
-Orden::Orden() : colador_(QLocale(QLocale::Spanish, QLocale::Spain)) {
+OrdenNombres::OrdenNombres() : colador_(QLocale(QLocale::Spanish, QLocale::Spain)) {
   colador_.setCaseSensitivity(Qt::CaseInsensitive);
 }
 
-int Orden::Comparar(const QString& uno, const QString& otro) const {
+int OrdenNombres::Comparar(const QString& uno, const QString& otro) const {
   const int por_idioma = colador_.compare(uno, otro);
   return por_idioma != 0 ? por_idioma : QString::compare(uno, otro, Qt::CaseSensitive);
 }

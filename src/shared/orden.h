@@ -6,9 +6,9 @@
 
 // Spanish order without regard to case, whatever the system's language; texts that differ only in
 // case (or in nothing that the order knows) stand in the order of their characters.
-class Orden {
+class OrdenNombres {
  public:
-  Orden();
+  OrdenNombres();
 
   int Comparar(const QString& uno, const QString& otro) const;  // < 0, 0, > 0
   bool Menor(const QString& uno, const QString& otro) const { return Comparar(uno, otro) < 0; }

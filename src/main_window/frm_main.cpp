@@ -1,0 +1,175 @@
+#include "main_window/frm_main.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QPainter>
+
+#include "main_window/vista_lista.h"
+#include "platform/controles.h"
+#include "platform/dibujos.h"
+#include "platform/fuentes.h"
+#include "platform/imagen.h"
+#include "text_window/frm_texto.h"
+
+namespace {
+
+const QString TituloPrincipal = QStringLiteral("Velda...");
+constexpr QSize TamanoFondo(150, 327);  // pixels: the background picture's
+
+constexpr RectTwips RectLista{270, 2180, 1740, 2400};
+constexpr RectTwips RectTotal{200, 1835, 225, 195};
+constexpr RectTwips RectError{790, 585, 675, 195};
+constexpr qreal PuntosEtiqueta = 8.25;
+
+constexpr int ComandoFavoritas = 5;
+constexpr int ComandoVisible = 6;
+
+QLabel* Etiqueta(QWidget* padre, const QString& nombre, const RectTwips& rect) {
+  auto* etiqueta = new QLabel(padre);
+  Colocar(*etiqueta, nombre, rect);
+  etiqueta->setTextFormat(Qt::PlainText);
+  etiqueta->setAlignment(Qt::AlignCenter);
+  QFont fuente = FuenteDe(FuenteControles, PuntosEtiqueta);
+  fuente.setBold(true);
+  etiqueta->setFont(fuente);
+  etiqueta->setAttribute(Qt::WA_NoMousePropagation);
+  return etiqueta;
+}
+
+void PintarTexto(QWidget& control, const QColor& texto) {
+  QPalette colores = control.palette();
+  colores.setColor(QPalette::WindowText, texto);
+  control.setPalette(colores);
+}
+
+}  // namespace
+
+FrmMain::FrmMain(ModGral& gral, const Escritorio& escritorio)
+    : Ventana(escritorio.activacion, Marco::FijoConMinimizar),
+      gral_(gral),
+      escritorio_(escritorio) {
+  setObjectName(QStringLiteral("FrmMain"));
+  PonerTitulo(TituloPrincipal);
+  setWindowIcon(Icono(QStringLiteral("velda")));
+  setFixedSize(TamanoFondo);
+  setMouseTracking(true);
+  CrearLista();
+  CrearEtiquetas();
+  CrearIconos();
+}
+
+FrmMain::~FrmMain() = default;
+
+void FrmMain::CrearLista() {
+  ListBox = new VistaLista(this);
+  Colocar(*ListBox, QStringLiteral("ListBox"), RectLista);
+  ListBox->setAccessibleName(QStringLiteral("Archivos"));
+  ListBox->setModel(&lista_);
+  connect(ListBox, &VistaLista::Elegida, this, &FrmMain::ListBox_Click);
+  connect(ListBox, &VistaLista::TeclaPulsada, this, &FrmMain::ListBox_KeyDown);
+}
+
+void FrmMain::CrearEtiquetas() {
+  LblTotal = Etiqueta(this, QStringLiteral("LblTotal"), RectTotal);
+  LblTotal->setText(QStringLiteral("00"));
+  PintarTexto(*LblTotal, Qt::black);
+  LblError = Etiqueta(this, QStringLiteral("LblError"), RectError);
+  PintarTexto(*LblError, Qt::white);
+  LblError->setAutoFillBackground(true);
+  QPalette negro = LblError->palette();
+  negro.setColor(QPalette::Window, Qt::black);
+  LblError->setPalette(negro);
+  LblError->hide();
+}
+
+// The order of these steps is the program's start.
+void FrmMain::Form_Load() {
+  EstablecerRutas(gral_, QCoreApplication::applicationDirPath());
+  gral_.ArchivoNuevo = gral_.GuardarComo = gral_.VerOpciones = gral_.VerFavoritas = false;
+  LeerAjustes();
+  gral_.perfil.Leer(gral_.ArchivoINI, u"Opciones", u"Favoritas", u"No");
+  if (gral_.perfil.EsSi()) {
+    ImgMenu_Click(ComandoFavoritas);
+  }
+  Texto().Mostrar();
+  ImgMenu_Click(ComandoVisible);
+}
+
+void FrmMain::LeerAjustes() {
+  const auto leer = [this](QStringView seccion, QStringView clave, QStringView defecto) -> Perfil& {
+    gral_.perfil.Leer(gral_.ArchivoINI, seccion, clave, defecto);
+    return gral_.perfil;
+  };
+  const int izquierda = leer(u"PosTam", u"PrinIzda", u"615").Entero16(615);
+  const int arriba = leer(u"PosTam", u"PrinArriba", u"615").Entero16(615);
+  PonerPosicion(izquierda, arriba);
+  CarpetaActual = leer(u"Inicial", u"Carpeta", u"c:\\").Valor();
+  ActivarVisible = leer(u"Opciones", u"Visible", u"Si").EsSi();
+  gral_.Confirmar = leer(u"Opciones", u"Confirmar", u"Si").EsSi();
+}
+
+void FrmMain::Form_Resize() {
+  if (Estado() == EstadoVentana::Minimizada) {
+    PonerTituloSiDistinto(TituloPrincipal);
+  } else if (texto_ != nullptr && texto_->Visible()) {
+    texto_->PonerEstado(EstadoVentana::Normal);
+  }
+}
+
+void FrmMain::Form_Deactivate() {
+  Form_MouseMove();
+}
+
+void FrmMain::Form_MouseMove() {
+  ImgSel[IconoActual]->hide();
+  PonerTituloSiDistinto(TituloPrincipal);
+}
+
+void FrmMain::Form_Unload() {
+  if (texto_ != nullptr) {
+    texto_->Cerrar();
+  }
+  const QString ini = gral_.ArchivoINI;
+  const RectTwips rect = Rectangulo();
+  const auto escribir_opcion = [&](QStringView clave, bool valor) {
+    gral_.perfil.EscribirBuffer(ini, u"Opciones", clave, valor ? u"Si" : u"No");
+  };
+  gral_.perfil.Escribir(ini, u"PosTam", u"PrinIzda", QString::number(rect.izquierda));
+  gral_.perfil.Escribir(ini, u"PosTam", u"PrinArriba", QString::number(rect.arriba));
+  gral_.perfil.Escribir(ini, u"Inicial", u"Carpeta", CarpetaActual);
+  escribir_opcion(u"Visible", !ActivarVisible);
+  escribir_opcion(u"Confirmar", gral_.Confirmar);
+  QCoreApplication::exit(0);
+}
+
+void FrmMain::mouseMoveEvent(QMouseEvent* /*evento*/) {
+  Form_MouseMove();
+}
+
+void FrmMain::paintEvent(QPaintEvent* /*evento*/) {
+  if (fondo_.isNull() || fondo_.devicePixelRatio() != devicePixelRatioF()) {
+    fondo_ = Dibujo(QStringLiteral("fondo_principal"), TamanoFondo, devicePixelRatioF());
+  }
+  QPainter(this).drawPixmap(0, 0, fondo_);
+}
+
+FrmTexto& FrmMain::Texto() {
+  if (texto_ == nullptr) {
+    texto_ = std::make_unique<FrmTexto>(gral_, escritorio_, *this);
+    connect(texto_.get(), &Ventana::Cerrada, this, &FrmMain::TextoCerrado);
+  }
+  return *texto_;
+}
+
+// A closed text window is gone; it may still be inside its own event.
+void FrmMain::TextoCerrado() {
+  texto_.release()->deleteLater();
+}
+
+void FrmMain::TraerTexto() {
+  if (texto_ != nullptr && texto_->Visible()) {
+    texto_->DarFoco();
+  } else {
+    Texto().Mostrar();
+  }
+}

@@ -1,0 +1,93 @@
+// FrmMain, the main window: the list of open files and the ten icon commands.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include <QPixmap>
+
+#include "main_window/lista_archivos.h"
+#include "platform/escritorio.h"
+#include "platform/ventana.h"
+#include "shared/mod_gral.h"
+
+class FrmTexto;
+class Imagen;
+class QLabel;
+class VistaLista;
+
+class FrmMain : public Ventana {
+  Q_OBJECT
+
+ public:
+  static constexpr int Iconos = 10;
+
+  FrmMain(ModGral& gral, const Escritorio& escritorio);
+  ~FrmMain() override;
+
+  void Form_Load() override;
+  void Form_Resize() override;
+  void Form_Activate() override;  // runs the save dialog for a new text
+  void Form_Deactivate() override;
+  void Form_Unload() override;  // ends the program
+  void Form_MouseMove();
+
+  void ImgMenu_Click(int indice);  // any other number than 0 to 9 does nothing
+  void ImgMenu_MouseMove(int indice);
+
+  void AgregarArchivo();  // lists the file of ArchivoActual, or selects its entry
+  void ListBox_Click();
+  void ListBox_KeyDown(int codigo);  // 46 is Delete
+
+ protected:
+  void mouseMoveEvent(QMouseEvent* evento) override;
+  void paintEvent(QPaintEvent* evento) override;
+
+ private:
+  struct Comando {
+    QString texto;  // caption while the mouse is over the icon
+    RectTwips menu;
+    RectTwips sel;
+    bool espera_texto_nuevo;  // ignored while a new text is under way
+    void (FrmMain::*ejecutar)();
+  };
+  static const std::array<Comando, Iconos>& Comandos();
+
+  void CrearIconos();
+  void CrearLista();
+  void CrearEtiquetas();
+  void LeerAjustes();
+  QString TextoDe(int indice) const;
+
+  void ComandoAbrir();
+  void ComandoNuevo();
+  void ComandoSVisible();
+  void ComandoAnterior();
+  void ComandoSiguiente();
+  void ComandoAyuda();
+  void SinEfecto() {}
+
+  PeticionArchivo Peticion(const QString& titulo) const;
+  void GuardarTextoNuevo();
+  void VolverALaLista();
+  void Seleccionar(int indice);
+  void MostrarTotal();
+  FrmTexto& Texto();  // loaded when it is not
+  void TraerTexto();
+  void TextoCerrado();
+
+  ModGral& gral_;
+  Escritorio escritorio_;
+  ListaArchivos lista_;
+  std::unique_ptr<FrmTexto> texto_;
+  QString CarpetaActual;
+  bool ActivarVisible = false;  // the next "S.Visible" puts the window above all others
+  int IconoActual = 0;          // the icon whose highlight was shown last
+  QPixmap fondo_;
+
+  VistaLista* ListBox = nullptr;
+  QLabel* LblTotal = nullptr;
+  QLabel* LblError = nullptr;
+  std::array<Imagen*, Iconos> ImgMenu{};
+  std::array<Imagen*, Iconos> ImgSel{};
+};

@@ -1,0 +1,83 @@
+// The open-file list of the main window: adding, selecting and removing an entry.
+#include <QLabel>
+
+#include "main_window/frm_main.h"
+#include "main_window/vista_lista.h"
+#include "text_window/frm_texto.h"
+
+namespace {
+
+constexpr int CodigoSuprimir = 46;
+constexpr int LargoSinAyuda = 22;  // characters that the list shows whole
+
+// A tooltip that shows a name letter by letter, whatever it looks like.
+QString AyudaDe(const QString& nombre) {
+  return nombre.size() > LargoSinAyuda
+             ? QStringLiteral("<span style='white-space:pre'>%1</span>").arg(nombre.toHtmlEscaped())
+             : QString();
+}
+
+}  // namespace
+
+void FrmMain::AgregarArchivo() {
+  const Activacion::Manejador manejador(LaActivacion());
+  const QString ruta = gral_.ArchivoActual;
+  CarpetaActual = ruta.left(ruta.lastIndexOf(SeparadorRuta) + 1);
+  int indice = lista_.Buscar(ruta);
+  if (indice < 0) {
+    if (lista_.Llena()) {
+      gral_.ArchivoActual = gral_.ArchivoCargado;
+      escritorio_.mensajes.Critico(
+          *this, QStringLiteral("La lista ya tiene %1 archivos.").arg(lista_.Total()),
+          QStringLiteral("LISTA LLENA"));
+      return;
+    }
+    indice = lista_.Agregar(ruta);
+    MostrarTotal();
+  }
+  Seleccionar(indice);
+}
+
+// Selecting by program always runs the click handler.
+void FrmMain::Seleccionar(int indice) {
+  ListBox->Seleccionar(indice);
+  ListBox_Click();
+}
+
+void FrmMain::ListBox_Click() {
+  const Activacion::Manejador manejador(LaActivacion());
+  const int indice = ListBox->IndiceSeleccionado();
+  ListBox->setToolTip(AyudaDe(lista_.Nombre(indice)));
+  gral_.ArchivoActual = lista_.Rutas(indice);
+  if (texto_ != nullptr && texto_->Visible()) {
+    if (texto_->Estado() == EstadoVentana::Minimizada) {
+      texto_->PonerEstado(EstadoVentana::Normal);
+    }
+    texto_->DarFoco();
+  } else {
+    gral_.ArchivoCargado.clear();
+    Texto().Mostrar();
+  }
+}
+
+void FrmMain::ListBox_KeyDown(int codigo) {
+  const int indice = ListBox->IndiceSeleccionado();
+  if (codigo != CodigoSuprimir || indice < 0) {
+    return;
+  }
+  const Activacion::Manejador manejador(LaActivacion());
+  lista_.Quitar(indice);
+  if (lista_.Total() > 0) {
+    Seleccionar(std::max(indice - 1, 0));
+  } else {
+    ListBox->setToolTip({});
+    gral_.ArchivoActual = ArchivoNinguno;
+    gral_.ArchivoCargado.clear();
+    TraerTexto();
+  }
+  MostrarTotal();
+}
+
+void FrmMain::MostrarTotal() {
+  LblTotal->setText(QStringLiteral("%1").arg(lista_.Total(), 2, 10, QChar(u'0')));
+}

@@ -1,0 +1,202 @@
+// The ten icon commands of the main window.
+#include <QFileInfo>
+
+#include "main_window/frm_main.h"
+#include "main_window/vista_lista.h"
+#include "platform/controles.h"
+#include "platform/dibujos.h"
+#include "platform/imagen.h"
+#include "text_window/frm_texto.h"
+
+namespace {
+
+constexpr int IconoVisible = 6;
+
+}  // namespace
+
+const std::array<FrmMain::Comando, FrmMain::Iconos>& FrmMain::Comandos() {
+  static const std::array<Comando, Iconos> comandos{{
+      {QStringLiteral("Abrir"),
+       {240, 50, 435, 540},
+       {135, 0, 570, 585},
+       true,
+       &FrmMain::ComandoAbrir},
+      {QStringLiteral("Nuevo"),
+       {920, 80, 435, 435},
+       {915, 0, 465, 600},
+       false,
+       &FrmMain::ComandoNuevo},
+      {QStringLiteral("Borrar"),
+       {1580, 80, 435, 435},
+       {1560, 30, 480, 540},
+       true,
+       &FrmMain::SinEfecto},
+      {QStringLiteral("Información"),
+       {80, 870, 435, 435},
+       {45, 840, 495, 480},
+       false,
+       &FrmMain::SinEfecto},
+      {QStringLiteral("Opciones"),
+       {620, 870, 435, 435},
+       {540, 870, 585, 525},
+       true,
+       &FrmMain::SinEfecto},
+      {QStringLiteral("Favoritas"),
+       {1230, 870, 435, 435},
+       {1155, 840, 570, 510},
+       false,
+       &FrmMain::SinEfecto},
+      {QStringLiteral("S.Visible"),
+       {1800, 870, 410, 435},
+       {1750, 840, 450, 495},
+       false,
+       &FrmMain::ComandoSVisible},
+      {QStringLiteral("Anterior"),
+       {1365, 1530, 315, 315},
+       {1290, 1405, 480, 495},
+       false,
+       &FrmMain::ComandoAnterior},
+      {QStringLiteral("Siguiente"),
+       {1830, 1530, 315, 315},
+       {1770, 1405, 465, 495},
+       false,
+       &FrmMain::ComandoSiguiente},
+      {QStringLiteral("Ayuda"),
+       {1940, 4600, 315, 300},
+       {1890, 4560, 360, 345},
+       false,
+       &FrmMain::ComandoAyuda},
+  }};
+  return comandos;
+}
+
+void FrmMain::CrearIconos() {
+  for (int i = 0; i < Iconos; ++i) {
+    const Comando& comando = Comandos()[i];
+    ImgSel[i] = new Imagen(this, QStringLiteral("seleccion_%1").arg(i));
+    Colocar(*ImgSel[i], QStringLiteral("ImgSel(%1)").arg(i), comando.sel);
+    ImgSel[i]->setAttribute(Qt::WA_TransparentForMouseEvents);
+    ImgSel[i]->hide();
+  }
+  for (int i = 0; i < Iconos; ++i) {
+    ImgMenu[i] = new Imagen(this);
+    Colocar(*ImgMenu[i], QStringLiteral("ImgMenu(%1)").arg(i), Comandos()[i].menu);
+    ImgMenu[i]->setAccessibleName(Comandos()[i].texto);
+    ImgMenu[i]->setCursor(Puntero(QStringLiteral("puntero_menu"), 12, 1));
+    connect(ImgMenu[i], &Imagen::RatonMovido, this, [this, i] { ImgMenu_MouseMove(i); });
+    connect(ImgMenu[i], &Imagen::Pulsada, this, [this, i] { ImgMenu_Click(i); });
+  }
+}
+
+QString FrmMain::TextoDe(int indice) const {
+  const QString& texto = Comandos()[indice].texto;
+  if (indice != IconoVisible) {
+    return texto;
+  }
+  return texto + (ActivarVisible ? QStringLiteral(" NO") : QStringLiteral(" SI"));
+}
+
+void FrmMain::ImgMenu_MouseMove(int indice) {
+  if (IconoActual != indice) {
+    ImgSel[IconoActual]->hide();
+  }
+  ImgSel[indice]->show();
+  IconoActual = indice;
+  PonerTituloSiDistinto(TextoDe(indice));
+}
+
+void FrmMain::ImgMenu_Click(int indice) {
+  if (indice < 0 || indice >= Iconos) {
+    return;
+  }
+  const Comando& comando = Comandos()[indice];
+  if (comando.espera_texto_nuevo && gral_.ArchivoNuevo) {
+    return;
+  }
+  const Activacion::Manejador manejador(LaActivacion());
+  (this->*comando.ejecutar)();
+}
+
+PeticionArchivo FrmMain::Peticion(const QString& titulo) const {
+  return {titulo, CarpetaActual, QStringLiteral("Documentos de texto|*.txt|Todos los archivos|*")};
+}
+
+void FrmMain::ComandoAbrir() {
+  const QString ruta =
+      escritorio_.dialogos.Abrir(*this, Peticion(QStringLiteral("Abrir archivos...")));
+  if (!ruta.isEmpty()) {
+    gral_.ArchivoActual = ruta;
+    AgregarArchivo();
+  }
+}
+
+void FrmMain::ComandoNuevo() {
+  gral_.ArchivoNuevo = true;
+  if (Texto().Visible() && Texto().Estado() == EstadoVentana::Minimizada) {
+    Texto().PonerEstado(EstadoVentana::Normal);
+  }
+  TraerTexto();
+}
+
+void FrmMain::ComandoSVisible() {
+  escritorio_.encima.Poner(*this, ActivarVisible);
+  ActivarVisible = !ActivarVisible;
+  MostrarSinActivar();
+}
+
+void FrmMain::ComandoAnterior() {
+  const int indice = ListBox->IndiceSeleccionado();
+  if (indice > 0) {
+    Seleccionar(indice - 1);
+  }
+}
+
+void FrmMain::ComandoSiguiente() {
+  const int indice = ListBox->IndiceSeleccionado();
+  if (indice < lista_.Total() - 1) {
+    Seleccionar(indice + 1);
+  }
+}
+
+void FrmMain::ComandoAyuda() {
+  const QString compilada = gral_.RutaPrograma + QStringLiteral("Ayuda.chm");
+  const QString pagina = gral_.RutaPrograma + QStringLiteral("Ayuda/Ayuda.htm");
+  escritorio_.abridor.AbrirArchivo(QFileInfo::exists(compilada) ? compilada : pagina);
+}
+
+// The text window handed a new text over: ask for its name, write it and list it.
+void FrmMain::Form_Activate() {
+  if (gral_.GuardarComo) {
+    gral_.GuardarComo = false;
+    GuardarTextoNuevo();
+  }
+}
+
+void FrmMain::GuardarTextoNuevo() {
+  gral_.ArchivoActual =
+      escritorio_.dialogos.Guardar(*this, Peticion(QStringLiteral("Guardar archivo...")));
+  if (gral_.ArchivoActual.isEmpty()) {
+    gral_.ArchivoNuevo = true;
+    VolverALaLista();
+    return;
+  }
+  const std::string_view contenido(gral_.Contenido.constData(), gral_.Contenido.size());
+  const Resultado guardado =
+      CrearOReemplazarArchivo(gral_.ArchivoActual, {&contenido, 1}, Duracion::Sincronizada);
+  if (!guardado.Bien()) {
+    escritorio_.mensajes.Critico(*this, guardado.Motivo(),
+                                 QStringLiteral("ERROR AL GUARDAR EL ARCHIVO"));
+    VolverALaLista();
+    return;
+  }
+  gral_.Contenido.clear();
+  gral_.ArchivoCargado.clear();  // the name may be that of the file shown before
+  AgregarArchivo();
+}
+
+void FrmMain::VolverALaLista() {
+  if (ListBox->IndiceSeleccionado() >= 0) {
+    gral_.ArchivoCargado.clear();
+    ListBox_Click();
+  }
+}

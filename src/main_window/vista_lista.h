@@ -1,0 +1,28 @@
+// ListBox as the main window shows it: one entry selected at most, yellow on black. What the user
+// does to an entry is told once, also when it was selected already.
+#pragma once
+
+#include <QListView>
+
+class VistaLista : public QListView {
+  Q_OBJECT
+
+ public:
+  explicit VistaLista(QWidget* padre);
+
+  int IndiceSeleccionado() const;  // -1 when none is
+  void Seleccionar(int indice);    // shows it too; tells nothing
+
+ signals:
+  void Elegida();                 // by mouse or key: the selected entry
+  void TeclaPulsada(int codigo);  // Delete is 46
+
+ protected:
+  void keyPressEvent(QKeyEvent* evento) override;
+  void mousePressEvent(QMouseEvent* evento) override;
+  void mouseReleaseEvent(QMouseEvent* evento) override;
+  void mouseDoubleClickEvent(QMouseEvent* evento) override;
+
+ private:
+  bool pulsada_ = false;  // the main button went down on an entry
+};

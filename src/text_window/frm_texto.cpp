@@ -1,0 +1,118 @@
+#include "text_window/frm_texto.h"
+
+#include <QToolButton>
+
+#include "platform/dibujos.h"
+#include "platform/fuentes.h"
+#include "text_window/panel_guardar.h"
+#include "text_window/titulos.h"
+
+namespace {
+
+constexpr QStringView Seccion = u"PosTam";
+const QString FuenteInicial = QStringLiteral("Courier");
+constexpr qreal PuntosIniciales = 9.75;
+
+// From the window's right inner edge to the save panel's left: clear of the scroll bar, in twips.
+constexpr int MargenGuardar = 1590;
+
+}  // namespace
+
+FrmTexto::FrmTexto(ModGral& gral, const Escritorio& escritorio, Ventana& principal)
+    : Ventana(escritorio.activacion, Marco::Redimensionable),
+      gral_(gral),
+      escritorio_(escritorio),
+      principal_(principal) {
+  setObjectName(QStringLiteral("FrmTexto"));
+  setWindowIcon(Icono(QStringLiteral("texto")));
+  setMinimumSize(1, 1);
+  PonerTitulo(TituloSinArchivo);
+  CrearControles();
+}
+
+FrmTexto::~FrmTexto() = default;
+
+void FrmTexto::CrearControles() {
+  const CajaTexto::Ajuste ajustes[] = {CajaTexto::Ajuste::AlAncho, CajaTexto::Ajuste::SinAjustar};
+  for (int i = 0; i < 2; ++i) {
+    TextBox[i] = new CajaTexto(documento_, ajustes[i], this);
+    TextBox[i]->setObjectName(QStringLiteral("TextBox(%1)").arg(i));
+    TextBox[i]->setAccessibleName(QStringLiteral("Texto"));
+    TextBox[i]->setFrameShape(QFrame::NoFrame);
+    TextBox[i]->PonerOyente(this);
+    TextBox[i]->PonerFuente(FuenteDe(FuenteInicial, PuntosIniciales));
+    TextBox[i]->PonerColores(Qt::black, Qt::white);
+  }
+  TextBox[1]->hide();
+  FraGuardar_ = new FraGuardar(this);
+  connect(FraGuardar_->CmdGuardar, &QToolButton::clicked, this, &FrmTexto::CmdGuardar_Click);
+  connect(FraGuardar_->CmdCancelar, &QToolButton::clicked, this, &FrmTexto::CmdCancelar_Click);
+}
+
+void FrmTexto::Form_Load() {
+  gral_.perfil.Leer(gral_.ArchivoINI, Seccion, u"TextoEdo", u"0");
+  const int estado = gral_.perfil.Entero16(0);
+  PonerRectangulo(LeerRectangulo());
+  if (estado == static_cast<int>(EstadoVentana::Minimizada) ||
+      estado == static_cast<int>(EstadoVentana::Maximizada)) {
+    PonerEstado(static_cast<EstadoVentana>(estado));
+  }
+  documento_.Vaciar();
+}
+
+RectTwips FrmTexto::LeerRectangulo() {
+  const auto leer = [this](QStringView clave, qint16 defecto) {
+    gral_.perfil.Leer(gral_.ArchivoINI, Seccion, clave, QString::number(defecto));
+    return gral_.perfil.Entero16(defecto);
+  };
+  RectTwips rect;
+  rect.izquierda = leer(u"TextoIzda", 3200);
+  rect.arriba = leer(u"TextoArriba", 1425);
+  rect.ancho = leer(u"TextoAncho", 8500);
+  rect.alto = leer(u"TextoAlto", 7200);
+  return rect;
+}
+
+void FrmTexto::Form_Resize() {
+  if (Estado() == EstadoVentana::Minimizada) {
+    return;
+  }
+  for (CajaTexto* caja : TextBox) {
+    caja->setGeometry(rect());
+  }
+  FraGuardar_->move(width() - APixeles(MargenGuardar), FraGuardar_->y());
+}
+
+// Serves the one request that the main window left, in this order.
+void FrmTexto::Form_Activate() {
+  if (gral_.ArchivoNuevo) {
+    MostrarTextoNuevo();
+  } else if (gral_.ArchivoActual == ArchivoNinguno) {
+    QuedarSinArchivo();
+  } else if (gral_.ArchivoActual != gral_.ArchivoCargado) {
+    CargarArchivo();
+  }
+}
+
+void FrmTexto::Form_Unload() {
+  const EstadoVentana estado = Estado();
+  const auto escribir = [this](QStringView clave, int valor) {
+    gral_.perfil.Escribir(gral_.ArchivoINI, Seccion, clave, QString::number(valor));
+  };
+  escribir(u"TextoEdo", static_cast<int>(estado));
+  if (estado == EstadoVentana::Normal) {
+    const RectTwips rect = Rectangulo();
+    escribir(u"TextoIzda", rect.izquierda);
+    escribir(u"TextoArriba", rect.arriba);
+    escribir(u"TextoAncho", rect.ancho);
+    escribir(u"TextoAlto", rect.alto);
+  }
+  DarFocoAPrincipal();
+}
+
+void FrmTexto::DarFocoAPrincipal() {
+  if (principal_.Estado() == EstadoVentana::Minimizada) {
+    principal_.PonerEstado(EstadoVentana::Normal);
+  }
+  principal_.DarFoco();
+}

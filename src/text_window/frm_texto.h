@@ -1,0 +1,52 @@
+// FrmTexto, the text window: one document in two text boxes, and the panels over them. The main
+// window leaves a request in the shared state and shows it or gives it the focus.
+#pragma once
+
+#include "platform/escritorio.h"
+#include "platform/ventana.h"
+#include "shared/mod_gral.h"
+#include "text_box/caja_texto.h"
+
+class FraGuardar;
+
+class FrmTexto : public Ventana, private OyenteTeclas {
+  Q_OBJECT
+
+ public:
+  // `principal` is the window that gets the focus back.
+  FrmTexto(ModGral& gral, const Escritorio& escritorio, Ventana& principal);
+  ~FrmTexto() override;
+
+  void Form_Load() override;
+  void Form_Resize() override;
+  void Form_Activate() override;
+  void Form_Unload() override;
+
+  void CargarArchivo();  // loads the file named by ArchivoActual
+  void CmdGuardar_Click();
+  void CmdCancelar_Click();
+
+ private:
+  void CrearControles();
+  RectTwips LeerRectangulo();
+
+  CajaTexto& CajaVisible();
+  void MostrarTextoNuevo();
+  void QuedarSinArchivo();
+  void ErrorAlLeer(const Resultado& fallo);
+  void DarFocoAPrincipal();
+  bool HayArchivoActual() const;
+  bool MuestraArchivo() const;
+
+  bool TeclaCaracter() override;
+  void TeclaSuprimir() override;
+  void MarcarEdicion();
+
+  ModGral& gral_;
+  Escritorio escritorio_;
+  Ventana& principal_;
+  Documento documento_;
+
+  CajaTexto* TextBox[2] = {};  // 0 wraps, 1 does not; children of the window
+  FraGuardar* FraGuardar_ = nullptr;
+};

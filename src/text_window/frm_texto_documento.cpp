@@ -1,0 +1,105 @@
+// The document of the text window: its states, read from the caption; loading, editing, saving.
+#include "text_window/frm_texto.h"
+#include "text_window/panel_guardar.h"
+#include "text_window/titulos.h"
+
+bool FrmTexto::HayArchivoActual() const {
+  return !gral_.ArchivoActual.isEmpty() && gral_.ArchivoActual != ArchivoNinguno;
+}
+
+bool FrmTexto::MuestraArchivo() const {
+  return Titulo() != TituloSinArchivo && Titulo() != TituloNuevo;
+}
+
+void FrmTexto::MostrarTextoNuevo() {
+  if (Titulo() != TituloNuevo) {
+    documento_.Vaciar();
+    PonerTitulo(TituloNuevo);
+  }
+  FraGuardar_->show();
+}
+
+void FrmTexto::QuedarSinArchivo() {
+  documento_.Vaciar();
+  PonerTitulo(TituloSinArchivo);
+}
+
+// Everything is read before the window changes, so that a failure leaves it as it was.
+void FrmTexto::CargarArchivo() {
+  if (!HayArchivoActual()) {
+    return;
+  }
+  auto lector = LectorArchivo::Abrir(gral_.ArchivoActual, LectorArchivo::SiFalta::Crear);
+  const Resultado leido = lector.Bien() ? documento_.Cargar(lector.Valor()) : lector.Fallo();
+  if (!leido.Bien()) {
+    ErrorAlLeer(leido);
+    return;
+  }
+  CajaVisible().setFocus();
+  FraGuardar_->hide();
+  PonerTitulo(PrefijoTitulo + gral_.ArchivoActual);
+  gral_.ArchivoCargado = gral_.ArchivoActual;
+  principal_.DarFoco();
+}
+
+// The current file is again the one that the window names; a caption that names none leaves none.
+void FrmTexto::ErrorAlLeer(const Resultado& fallo) {
+  escritorio_.mensajes.Critico(*this, fallo.Motivo(), QStringLiteral("ERROR AL LEER EL ARCHIVO"));
+  gral_.ArchivoActual = MuestraArchivo() ? Titulo().mid(PrefijoTitulo.size()) : QString();
+  principal_.DarFoco();
+}
+
+bool FrmTexto::TeclaCaracter() {
+  MarcarEdicion();
+  return true;
+}
+
+void FrmTexto::TeclaSuprimir() {
+  MarcarEdicion();
+}
+
+void FrmTexto::MarcarEdicion() {
+  FraGuardar_->show();
+  if (Titulo() == TituloSinArchivo) {
+    gral_.ArchivoNuevo = true;
+    PonerTitulo(TituloNuevo);
+  }
+}
+
+void FrmTexto::CmdGuardar_Click() {
+  const Activacion::Manejador manejador(LaActivacion());
+  if (gral_.ArchivoNuevo || !MuestraArchivo()) {  // the main window asks for the name and writes
+    gral_.Contenido = documento_.Copia();
+    gral_.ArchivoNuevo = false;
+    gral_.GuardarComo = true;
+  } else {
+    const Resultado guardado =
+        ReemplazarArchivo(gral_.ArchivoActual, documento_.Texto().Tramos(), Duracion::Sincronizada);
+    if (!guardado.Bien()) {
+      escritorio_.mensajes.Critico(*this, guardado.Motivo(),
+                                   QStringLiteral("ERROR AL GUARDAR EL ARCHIVO"));
+      principal_.DarFoco();
+      return;
+    }
+    PonerTitulo(PrefijoTitulo + gral_.ArchivoActual);
+    gral_.ArchivoCargado = gral_.ArchivoActual;
+  }
+  CajaVisible().setFocus();
+  FraGuardar_->hide();
+  DarFocoAPrincipal();
+}
+
+void FrmTexto::CmdCancelar_Click() {
+  const Activacion::Manejador manejador(LaActivacion());
+  gral_.ArchivoNuevo = false;
+  if (Titulo() == TituloNuevo) {
+    PonerTitulo(TituloSinArchivo);
+  }
+  CargarArchivo();
+  CajaVisible().setFocus();
+  FraGuardar_->hide();
+}
+
+CajaTexto& FrmTexto::CajaVisible() {
+  return TextBox[1]->isHidden() ? *TextBox[0] : *TextBox[1];
+}
