@@ -1,0 +1,51 @@
+// A desktop that records what it was asked for and answers what the test told it to.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "platform/escritorio.h"
+#include "platform/ventana.h"
+
+struct EncimaFalsa : Encima {
+  void Poner(Ventana& /*ventana*/, bool encima) override { puestas.push_back(encima); }
+  std::vector<bool> puestas;
+};
+
+struct DialogosFalsos : DialogosArchivo {
+  QString Abrir(Ventana& /*duena*/, const PeticionArchivo& peticion) override {
+    abrir.push_back(peticion);
+    return respuesta;
+  }
+  QString Guardar(Ventana& /*duena*/, const PeticionArchivo& peticion) override {
+    guardar.push_back(peticion);
+    return respuesta;
+  }
+  std::vector<PeticionArchivo> abrir;
+  std::vector<PeticionArchivo> guardar;
+  QString respuesta;  // empty: the user cancels
+};
+
+struct MensajesFalsos : Mensajes {
+  void Critico(Ventana& /*duena*/, const QString& texto, const QString& titulo) override {
+    titulos << titulo;
+    textos << texto;
+  }
+  QStringList titulos;
+  QStringList textos;
+};
+
+struct AbridorFalso : Abridor {
+  void AbrirArchivo(const QString& ruta) override { abiertos << ruta; }
+  void AbrirDireccion(const QString& direccion) override { abiertos << direccion; }
+  QStringList abiertos;
+};
+
+struct EscritorioFalso {
+  Activacion activacion;
+  EncimaFalsa encima;
+  DialogosFalsos dialogos;
+  MensajesFalsos mensajes;
+  AbridorFalso abridor;
+  Escritorio Servicios() { return {activacion, encima, dialogos, mensajes, abridor}; }
+};
