@@ -74,7 +74,7 @@ ResultadoCon<std::string> RutaPorCrear(std::string ruta) {
     const ssize_t largo = ::readlink(ruta.c_str(), destino.data(), destino.size());
     if (largo < 0) return ruta;
     destino.resize(static_cast<std::size_t>(largo));
-    ruta = destino.starts_with('/') ? destino : CarpetaDe(ruta) + '/' + destino;
+    ruta = destino.starts_with('/') ? destino : CarpetaDe(ruta).append("/").append(destino);
   }
   return Resultado::Fallo(ELOOP);
 }

@@ -1,0 +1,277 @@
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <string>
+#include <sys/file.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+#include "shared/archivo.h"
+#include "shared/carpeta_de_prueba.h"
+
+namespace {
+
+constexpr unsigned Nadie = 65534;
+
+int Guardar(const QString& ruta, std::string_view contenido) {
+  const std::array tramos{contenido.substr(0, contenido.size() / 2), std::string_view(),
+                          contenido.substr(contenido.size() / 2)};
+  return ReemplazarArchivo(ruta, tramos, Duracion::Sincronizada).Codigo();
+}
+
+int GuardarNuevo(const QString& ruta, std::string_view contenido) {
+  return CrearOReemplazarArchivo(ruta, std::span(&contenido, 1), Duracion::Sincronizada).Codigo();
+}
+
+int Abrir(const QString& ruta, LectorArchivo::SiFalta si_falta) {
+  return LectorArchivo::Abrir(ruta, si_falta).Fallo().Codigo();
+}
+
+// What a save gives back to a user without rights.
+template <typename Accion>
+int ComoNadie(Accion accion) {
+  const pid_t hijo = ::fork();
+  if (hijo == 0) {
+    const bool otro =
+        ::setresgid(Nadie, Nadie, Nadie) == 0 && ::setresuid(Nadie, Nadie, Nadie) == 0;
+    ::_exit(otro ? accion() : 255);
+  }
+  int fin = 0;
+  ::waitpid(hijo, &fin, 0);
+  return WIFEXITED(fin) ? WEXITSTATUS(fin) : -1;
+}
+
+class Archivo : public testing::Test {
+ protected:
+  void SetUp() override { carpeta.Escribir("f", "viejo y largo"); }
+
+  void Permitir(const QString& nombre, mode_t permisos) {
+    ASSERT_EQ(::chmod(carpeta.EnSistema(nombre).constData(), permisos), 0);
+  }
+  void Regalar(const QString& nombre) {
+    ASSERT_EQ(::chown(carpeta.EnSistema(nombre).constData(), Nadie, Nadie), 0);
+  }
+  // Of the file "f": its content, and that nothing else has stayed in the folder.
+  void Espera(const QByteArray& contenido, const QStringList& nombres = {"f"}) {
+    EXPECT_EQ(carpeta.Leer("f"), contenido);
+    EXPECT_EQ(carpeta.Nombres(), nombres);
+  }
+
+  CarpetaDePrueba carpeta;
+};
+
+TEST_F(Archivo, a_save_replaces_the_content_and_leaves_nothing_else) {
+  for (const char* contenido : {"", "corto", "mucho más largo que lo que había antes"}) {
+    EXPECT_EQ(Guardar(carpeta.Ruta("f"), contenido), 0);
+    Espera(contenido);
+  }
+}
+
+TEST_F(Archivo, a_read_gives_every_byte_and_the_size) {
+  const QByteArray bytes = QByteArray("\0\r\n\xFF", 4).repeated(100'000);
+  carpeta.Escribir("f", bytes);
+  EXPECT_EQ(LeerArchivo(carpeta.Ruta("f")).Valor(), bytes);
+  auto lector = LectorArchivo::Abrir(carpeta.Ruta("f"), LectorArchivo::SiFalta::Fallar);
+  EXPECT_EQ(lector.Valor().Tamano(), 400'000U);
+}
+
+TEST_F(Archivo, opening_makes_a_missing_file_only_when_asked) {
+  EXPECT_EQ(Abrir(carpeta.Ruta("g"), LectorArchivo::SiFalta::Fallar), ENOENT);
+  Espera("viejo y largo");
+  EXPECT_EQ(Abrir(carpeta.Ruta("g"), LectorArchivo::SiFalta::Crear), 0);
+  Espera("viejo y largo", {"f", "g"});
+}
+
+TEST_F(Archivo, what_is_no_regular_file_is_refused_without_waiting) {
+  ASSERT_EQ(::mkfifo(carpeta.EnSistema("tubo").constData(), 0666), 0);
+  const std::vector<std::pair<QString, int>> casos{{carpeta.Ruta("tubo"), EINVAL},
+                                                   {"/dev/null", EINVAL},
+                                                   {carpeta.Ruta(""), EISDIR},
+                                                   {carpeta.Ruta("f/"), ENOTDIR},
+                                                   {carpeta.Ruta("f/g"), ENOTDIR},
+                                                   {carpeta.Ruta("x/g"), ENOENT},
+                                                   {"", ENOENT},
+                                                   {carpeta.Ruta("f") + QChar(0), ENOENT}};
+  for (const auto& [ruta, codigo] : casos) {
+    EXPECT_EQ(Guardar(ruta, "x"), codigo) << qPrintable(ruta);
+    EXPECT_EQ(GuardarNuevo(ruta, "x"), codigo) << qPrintable(ruta);
+    EXPECT_EQ(Abrir(ruta, LectorArchivo::SiFalta::Crear), codigo) << qPrintable(ruta);
+  }
+  Espera("viejo y largo", {"f", "tubo"});
+}
+
+TEST_F(Archivo, a_vanished_document_is_not_made_again) {
+  ASSERT_EQ(::unlink(carpeta.EnSistema("f").constData()), 0);
+  EXPECT_EQ(Guardar(carpeta.Ruta("f"), "nuevo"), ENOENT);
+  EXPECT_TRUE(carpeta.Nombres().empty());
+}
+
+TEST_F(Archivo, a_file_without_any_write_bit_is_read_only_for_root_too) {
+  Permitir("f", 0444);
+  EXPECT_EQ(Guardar(carpeta.Ruta("f"), "nuevo"), EACCES);
+  EXPECT_EQ(GuardarNuevo(carpeta.Ruta("f"), "nuevo"), EACCES);
+  Espera("viejo y largo");
+}
+
+TEST_F(Archivo, links_stay_links) {
+  const QByteArray enlace = carpeta.EnSistema("enlace");
+  ASSERT_EQ(::symlink("f", enlace.constData()), 0);
+  EXPECT_EQ(Guardar(carpeta.Ruta("enlace"), "nuevo"), 0);
+  Espera("nuevo", {"enlace", "f"});
+  EXPECT_TRUE(S_ISLNK(carpeta.Estado("enlace").st_mode));
+  ASSERT_EQ(::unlink(carpeta.EnSistema("f").constData()), 0);
+  EXPECT_EQ(Guardar(carpeta.Ruta("enlace"), "x"), ENOENT);
+  EXPECT_EQ(GuardarNuevo(carpeta.Ruta("enlace"), "otra vez"), 0);
+  Espera("otra vez", {"enlace", "f"});
+  EXPECT_TRUE(S_ISLNK(carpeta.Estado("enlace").st_mode));
+}
+
+TEST_F(Archivo, all_names_of_a_file_get_the_new_content) {
+  ASSERT_EQ(::link(carpeta.EnSistema("f").constData(), carpeta.EnSistema("g").constData()), 0);
+  for (const char* contenido : {"más corto", "", "y esta vez mucho más largo que antes"}) {
+    EXPECT_EQ(Guardar(carpeta.Ruta("f"), contenido), 0);
+    Espera(contenido, {"f", "g"});
+    EXPECT_EQ(carpeta.Leer("g"), contenido);
+  }
+}
+
+TEST_F(Archivo, a_new_file_gets_the_permissions_that_the_mask_leaves) {
+  const mode_t antes = ::umask(027);
+  EXPECT_EQ(GuardarNuevo(carpeta.Ruta("g"), "nuevo"), 0);
+  ::umask(antes);
+  EXPECT_EQ(carpeta.Leer("g"), "nuevo");
+  EXPECT_EQ(carpeta.Estado("g").st_mode & 07777U, 0640U);
+}
+
+TEST_F(Archivo, mode_and_extended_attributes_stay) {
+  // An access list: the owner rw-, user 65534 r--, group and mask r--, others nothing.
+  const QByteArray lista = QByteArray::fromHex(
+      "0200000001000600ffffffff02000400feff000004000400ffffffff10000400ffffffff20000000ffffffff");
+  const QByteArray ruta = carpeta.EnSistema("f");
+  Permitir("f", 0751);
+  const std::vector<std::pair<const char*, QByteArray>> atributos{
+      {"user.prueba", QByteArray(300, '\0')}, {"system.posix_acl_access", lista}};
+  for (const auto& [nombre, valor] : atributos) {
+    if (::setxattr(ruta.constData(), nombre, valor.constData(),
+                   static_cast<std::size_t>(valor.size()), 0) < 0) {
+      GTEST_SKIP() << nombre << " cannot be set here: " << strerror(errno);
+    }
+  }
+  const struct stat antes = carpeta.Estado("f");
+  EXPECT_EQ(Guardar(carpeta.Ruta("f"), "nuevo"), 0);
+  const struct stat despues = carpeta.Estado("f");
+  EXPECT_NE(despues.st_ino, antes.st_ino) << "it was to be replaced by another file";
+  EXPECT_EQ(despues.st_mode, antes.st_mode);
+  for (const auto& [nombre, valor] : atributos) {
+    QByteArray leido(1000, 'x');
+    leido.truncate(::getxattr(ruta.constData(), nombre, leido.data(), 1000));
+    EXPECT_EQ(leido, valor) << nombre;
+  }
+}
+
+TEST_F(Archivo, left_overs_go_but_not_those_of_a_living_save_nor_other_files) {
+  carpeta.Escribir(".velda-aB3dE6.tmp", "resto");
+  carpeta.Escribir(".velda-aB3dE.tmp", "ajeno");
+  carpeta.Escribir(".velda-aB3dE6-77.tmp", "copia de otro archivo");
+  carpeta.Escribir(".velda-viviva.tmp", "otro que guarda");
+  const int vivo = ::open(carpeta.EnSistema(".velda-viviva.tmp").constData(), O_RDWR | O_CLOEXEC);
+  ASSERT_EQ(::flock(vivo, LOCK_EX), 0);
+  EXPECT_EQ(Guardar(carpeta.Ruta("f"), "nuevo"), 0);
+  ::close(vivo);
+  Espera("nuevo", {".velda-aB3dE.tmp", ".velda-aB3dE6-77.tmp", ".velda-viviva.tmp", "f"});
+}
+
+class ArchivoConRoot : public Archivo {
+ protected:
+  void SetUp() override {
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can become another user";
+    Archivo::SetUp();
+    Permitir("", 0755);
+  }
+};
+
+TEST_F(ArchivoConRoot, owner_stays_when_root_saves) {
+  Regalar("f");
+  EXPECT_EQ(Guardar(carpeta.Ruta("f"), "nuevo"), 0);
+  Espera("nuevo");
+  EXPECT_EQ(carpeta.Estado("f").st_uid, Nadie);
+  EXPECT_EQ(carpeta.Estado("f").st_gid, Nadie);
+}
+
+TEST_F(ArchivoConRoot, in_a_closed_folder_the_file_itself_is_written) {
+  Regalar("f");
+  EXPECT_EQ(ComoNadie([&] { return Guardar(carpeta.Ruta("f"), "nuevo"); }), 0);
+  Espera("nuevo");
+  EXPECT_EQ(ComoNadie([&] { return GuardarNuevo(carpeta.Ruta("g"), "nuevo"); }), EACCES);
+  Espera("nuevo");
+}
+
+TEST_F(ArchivoConRoot, a_file_of_another_owner_keeps_him) {
+  Permitir("", 0777);
+  Permitir("f", 0666);
+  const struct stat antes = carpeta.Estado("f");
+  EXPECT_EQ(ComoNadie([&] { return Guardar(carpeta.Ruta("f"), "nuevo"); }), 0);
+  Espera("nuevo");
+  EXPECT_EQ(carpeta.Estado("f").st_uid, 0U);
+  EXPECT_EQ(carpeta.Estado("f").st_ino, antes.st_ino);
+}
+
+TEST_F(ArchivoConRoot, a_file_that_one_may_not_write_stays_as_it_is) {
+  Permitir("", 0777);
+  EXPECT_EQ(ComoNadie([&] { return Guardar(carpeta.Ruta("f"), "nuevo"); }), EACCES);
+  Espera("viejo y largo");
+}
+
+class DiscoLleno : public Archivo {
+ protected:
+  void SetUp() override {
+    if (::mount("ninguno", carpeta.EnSistema("").constData(), "tmpfs", 0, "size=64k") < 0) {
+      GTEST_SKIP() << "no small disk can be mounted here: " << strerror(errno);
+    }
+    montado_ = true;
+    Archivo::SetUp();
+  }
+  void TearDown() override {
+    if (montado_) ::umount(carpeta.EnSistema("").constData());
+  }
+
+  bool montado_ = false;
+};
+
+TEST_F(DiscoLleno, the_old_content_stands) {
+  const std::string enorme(100'000, 'x');
+  EXPECT_EQ(Guardar(carpeta.Ruta("f"), enorme), ENOSPC);
+  Espera("viejo y largo");
+  EXPECT_EQ(GuardarNuevo(carpeta.Ruta("g"), enorme), ENOSPC);
+  Espera("viejo y largo");
+  ASSERT_EQ(::link(carpeta.EnSistema("f").constData(), carpeta.EnSistema("g").constData()), 0);
+  EXPECT_EQ(Guardar(carpeta.Ruta("f"), enorme), ENOSPC);
+  Espera("viejo y largo", {"f", "g"});
+  const std::string medio(40'000, 'x');  // room for the copy, but not for the file beside it
+  EXPECT_EQ(Guardar(carpeta.Ruta("f"), medio), ENOSPC);
+  Espera("viejo y largo", {"f", "g"});
+}
+
+TEST_F(DiscoLleno, a_file_that_is_mounted_over_is_written_itself) {
+  const QByteArray punto = carpeta.EnSistema("punto");
+  carpeta.Escribir("punto", "");
+  ASSERT_EQ(::mount(carpeta.EnSistema("f").constData(), punto.constData(), "", MS_BIND, ""), 0);
+  EXPECT_EQ(Guardar(carpeta.Ruta("punto"), "nuevo"), 0);
+  Espera("nuevo", {"f", "punto"});
+  ::umount(punto.constData());
+  EXPECT_EQ(carpeta.Leer("punto"), "");
+}
+
+TEST(Motivo, reasons_are_whole_spanish_sentences) {
+  EXPECT_EQ(Resultado().Motivo(), QString());
+  EXPECT_EQ(Resultado::Fallo(ENOSPC).Motivo(), "No queda espacio en el disco.");
+  for (int codigo = 1; codigo < 134; ++codigo) {
+    EXPECT_TRUE(Resultado::Fallo(codigo).Motivo().endsWith(u'.')) << codigo;
+  }
+}
+
+}  // namespace

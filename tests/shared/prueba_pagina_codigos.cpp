@@ -1,0 +1,46 @@
+#include <gtest/gtest.h>
+
+#include "shared/pagina_codigos.h"
+
+namespace {
+
+TEST(PaginaCodigos, every_byte_comes_back_as_it_was) {
+  QByteArray todos;
+  for (int i = 0; i < 256; ++i) todos.append(static_cast<char>(i));
+  const QString texto = PaginaCodigos::ATexto(todos);
+  EXPECT_EQ(PaginaCodigos::ABytes(texto), todos);
+  EXPECT_TRUE(PaginaCodigos::Representable(texto));
+}
+
+TEST(PaginaCodigos, letters_and_signs_have_their_windows_1252_bytes) {
+  const QByteArray bytes = "\x80 \x8A \x99 \x9F \xF1 \xD1 \xFF \x81 \x9D";
+  const QString texto = u"€ Š ™ Ÿ ñ Ñ ÿ \u0081 \u009D"_qs;
+  EXPECT_EQ(PaginaCodigos::ATexto(bytes), texto);
+  EXPECT_EQ(PaginaCodigos::ABytes(texto), bytes);
+}
+
+TEST(PaginaCodigos, what_the_page_lacks_becomes_one_question_mark) {
+  const QChar alto(0xD83D);
+  const QChar bajo(0xDE00);
+  const std::vector<std::pair<QString, QByteArray>> casos{{u"aΩb"_qs, "a?b"},
+                                                          {u"\u0080"_qs, "?"},
+                                                          {u"a😀b"_qs, "a?b"},
+                                                          {QString(alto) + u'x', "?x"},
+                                                          {QString(alto) + alto + bajo, "??"},
+                                                          {QString(bajo) + alto, "??"},
+                                                          {u"n\u0303"_qs, "n?"}};
+  for (const auto& [texto, bytes] : casos) {
+    EXPECT_EQ(PaginaCodigos::ABytes(texto), bytes) << qPrintable(texto);
+    EXPECT_FALSE(PaginaCodigos::Representable(texto)) << qPrintable(texto);
+  }
+}
+
+TEST(PaginaCodigos, upper_case_stays_within_the_page) {
+  const std::vector<std::pair<unsigned char, unsigned char>> casos{
+      {'a', 'A'}, {'Z', 'Z'}, {0xF1, 0xD1}, {0x9A, 0x8A}, {0xFF, 0x9F}, {0xB5, 0xB5}, {0xDF, 0xDF}};
+  for (const auto& [byte, mayuscula] : casos) {
+    EXPECT_EQ(PaginaCodigos::AMayuscula(byte), mayuscula) << int{byte};
+  }
+}
+
+}  // namespace

@@ -1,0 +1,129 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "shared/carpeta_de_prueba.h"
+#include "shared/perfil.h"
+
+namespace {
+
+class PerfilEnDisco : public testing::Test {
+ protected:
+  QString Leido(QStringView clave) {
+    perfil.Leer(ruta, u"PosTam", clave, u"615");
+    return perfil.Valor();
+  }
+
+  CarpetaDePrueba carpeta;
+  QString ruta = carpeta.Ruta("Velda.INI");
+  AccesoPerfilArchivo acceso;
+  Perfil perfil{acceso};
+};
+
+TEST_F(PerfilEnDisco, a_missing_file_gives_the_default_and_is_not_made) {
+  EXPECT_EQ(Leido(u"PrinIzda"), "615");
+  EXPECT_EQ(perfil.Longitud, 3);
+  EXPECT_EQ(perfil.Entero16(0), 615);
+  EXPECT_TRUE(carpeta.Nombres().empty());
+}
+
+TEST_F(PerfilEnDisco, the_first_write_makes_folder_and_file) {
+  ruta = carpeta.Ruta("config/velda/Velda.INI");
+  perfil.Escribir(ruta, u"PosTam", u"PrinIzda", u"-20");
+  perfil.EscribirBuffer(ruta, u"Fuente", u"Tamaño", u"9,75");
+  EXPECT_EQ(
+      carpeta.Leer("config/velda/Velda.INI"),
+      "[PosTam]\r\nPrinIzda=-20\r\n[Fuente]\r\nTama\xF1o=9,75" + QByteArray(96, ' ') + "\r\n");
+  perfil.Leer(ruta, u"FUENTE", u"TAMAÑO", u"10");
+  EXPECT_EQ(perfil.Valor(), "9,75");
+  EXPECT_EQ(perfil.Puntos(), 9.75);
+}
+
+TEST_F(PerfilEnDisco, a_read_leaves_what_stood_behind_it_in_the_buffer) {
+  perfil.EscribirBuffer(ruta, u"Opciones", u"Visible", u"abcdefgh");
+  EXPECT_EQ(Leido(u"x"), "615");
+  EXPECT_EQ(QByteArray(perfil.Buffer.data(), 9), QByteArray("615\0efgh ", 9));
+}
+
+TEST_F(PerfilEnDisco, a_long_value_is_read_cut_at_99_or_whole) {
+  const QString larga = "/" + QString(150, u'ñ');
+  perfil.Escribir(ruta, u"PosTam", u"Carpeta", larga);
+  EXPECT_EQ(Leido(u"Carpeta"), larga.left(99));
+  EXPECT_EQ(perfil.LeerLargo(ruta, u"PosTam", u"Carpeta", u""), larga);
+  EXPECT_EQ(perfil.Longitud, 99);
+  for (const int largo : {3, 99, 100, 150}) {
+    const QString texto = larga.left(largo);
+    perfil.EscribirLargo(ruta, u"Datos", u"F1", texto);
+    EXPECT_EQ(perfil.LeerLargo(ruta, u"Datos", u"F1", u""), texto);
+    perfil.EscribirBuffer(ruta, u"Datos", u"F1", texto);
+    EXPECT_EQ(perfil.LeerLargo(ruta, u"Datos", u"F1", u""), texto.left(100));
+  }
+}
+
+TEST_F(PerfilEnDisco, yes_and_inicial_are_their_first_letters_in_exact_case) {
+  struct Caso {
+    const char* valor;
+    bool si;
+    bool inicial;
+  };
+  perfil.EscribirBuffer(ruta, u"PosTam", u"antes", u"Siiiiiinicial");
+  for (const Caso& caso : {Caso{"Si", true, false},
+                           {"Sinon", true, false},
+                           {"si", false, false},
+                           {"SI", false, false},
+                           {"S", false, false},
+                           {"", false, false},
+                           {"Inicial", false, true},
+                           {"Iniciales", false, true},
+                           {"inicial", false, false},
+                           {"Inicia", false, false}}) {
+    carpeta.Escribir("Velda.INI", QByteArray("[PosTam]\nv=") + caso.valor);
+    Leido(u"v");
+    EXPECT_EQ(perfil.EsSi(), caso.si) << caso.valor;
+    EXPECT_EQ(perfil.EsInicial(), caso.inicial) << caso.valor;
+  }
+}
+
+TEST_F(PerfilEnDisco, an_equal_value_does_not_write_the_file) {
+  perfil.Escribir(ruta, u"PosTam", u"PrinIzda", u"7");
+  const struct stat antes = carpeta.Estado("Velda.INI");
+  perfil.Escribir(ruta, u"postam", u"PRINIZDA", u"7");
+  EXPECT_EQ(carpeta.Estado("Velda.INI").st_ino, antes.st_ino);
+  perfil.Escribir(ruta, u"PosTam", u"PrinIzda", u"8");
+  EXPECT_NE(carpeta.Estado("Velda.INI").st_ino, antes.st_ino);
+}
+
+TEST_F(PerfilEnDisco, a_file_that_cannot_be_read_is_not_written) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only root can become another user";
+  carpeta.Escribir("Velda.INI", "[A]\nsecreto=1\n");
+  ASSERT_EQ(::chmod(carpeta.EnSistema("").constData(), 0777), 0);
+  ASSERT_EQ(::chmod(carpeta.EnSistema("Velda.INI").constData(), 0222), 0);
+  const pid_t hijo = ::fork();
+  if (hijo == 0) {
+    if (::setresuid(65534, 65534, 65534) == 0) perfil.Escribir(ruta, u"A", u"b", u"2");
+    ::_exit(0);
+  }
+  ::waitpid(hijo, nullptr, 0);
+  EXPECT_EQ(carpeta.Leer("Velda.INI"), "[A]\nsecreto=1\n");
+  EXPECT_EQ(carpeta.Nombres(), QStringList{"Velda.INI"});
+}
+
+TEST_F(PerfilEnDisco, programs_that_write_at_once_lose_no_key) {
+  constexpr int Programas = 4;
+  constexpr int Claves = 40;
+  for (int i = 0; i < Programas; ++i) {
+    if (::fork() != 0) continue;
+    for (int j = 0; j < Claves; ++j) {
+      perfil.Escribir(ruta, u"A", QString("k%1_%2").arg(i).arg(j), QString::number(j));
+    }
+    ::_exit(0);
+  }
+  while (::wait(nullptr) > 0) continue;
+  for (int i = 0; i < Programas; ++i) {
+    for (int j = 0; j < Claves; ++j) {
+      perfil.Leer(ruta, u"A", QString("k%1_%2").arg(i).arg(j), u"-1");
+      EXPECT_EQ(perfil.Entero16(-1), j) << i;
+    }
+  }
+}
+
+}  // namespace
