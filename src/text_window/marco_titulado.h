@@ -1,0 +1,24 @@
+// A frame with its caption in the upper edge, as the text window's panels have it.
+#pragma once
+
+#include <QFont>
+#include <QFrame>
+
+#include "platform/twips.h"
+
+class MarcoTitulado : public QFrame {
+  Q_OBJECT
+
+ public:
+  // Hidden at first. The caption's colour is the palette's WindowText, the background its Window;
+  // its bold font is not handed on to the controls inside.
+  MarcoTitulado(QWidget* padre, const QString& nombre, const QString& titulo,
+                const RectTwips& rect);
+
+ protected:
+  void paintEvent(QPaintEvent* evento) override;
+
+ private:
+  QString titulo_;
+  QFont fuente_titulo_;
+};
