@@ -1,9 +1,8 @@
 #include "text_box/bytes.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <cstring>
+#include <sys/mman.h>
 #include <utility>
 
 namespace {
@@ -12,13 +11,19 @@ constexpr std::size_t Pagina = 4096;
 constexpr std::size_t HuecoInicial = 64 * 1024;
 constexpr std::size_t HuecoGrande = 1024 * 1024;  // from here on its memory is given back
 
-std::size_t EnPaginas(std::size_t bytes) { return (bytes + Pagina - 1) / Pagina * Pagina; }
+std::size_t EnPaginas(std::size_t bytes) {
+  return (bytes + Pagina - 1) / Pagina * Pagina;
+}
 
-std::size_t Holgura(std::size_t total) { return std::max(HuecoInicial, total / 16); }
+std::size_t Holgura(std::size_t total) {
+  return std::max(HuecoInicial, total / 16);
+}
 
 }  // namespace
 
-Bytes::Bytes(Bytes&& otro) noexcept { *this = std::move(otro); }
+Bytes::Bytes(Bytes&& otro) noexcept {
+  *this = std::move(otro);
+}
 
 Bytes& Bytes::operator=(Bytes&& otro) noexcept {
   std::swap(base_, otro.base_);
@@ -85,7 +90,6 @@ std::span<char> Bytes::ReservarFinal(std::size_t n) {
 
 void Bytes::ConfirmarFinal(std::size_t n) {
   fin_ += n;
-  // A gap that stood at the end would now have the new bytes behind it: so it does.
 }
 
 // Makes the mapping hold at least `total` bytes. What is there keeps its offsets.
@@ -93,7 +97,7 @@ bool Bytes::Abarcar(std::size_t total) {
   if (total <= capacidad_) return true;
   const std::size_t nueva = EnPaginas(total);
   void* donde = base_ == nullptr ? mmap(nullptr, nueva, PROT_READ | PROT_WRITE,
-                                        MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)
+                                        MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)
                                  : mremap(base_, capacidad_, nueva, MREMAP_MAYMOVE);
   if (donde == MAP_FAILED) return false;
   // Huge pages are cleared whole when first touched: dear for the few bytes that come in.

@@ -1,13 +1,14 @@
 // One text with its lines and its undo, shown by any number of views.
 #pragma once
 
-#include <QByteArray>
-#include <memory>
 #include <string_view>
 #include <vector>
 
+#include <QByteArray>
+
 #include "shared/archivo.h"
 #include "text_box/bytes.h"
+#include "text_box/historial.h"
 #include "text_box/lineas.h"
 
 // A view that follows the document.
@@ -18,17 +19,11 @@ class Observador {
   virtual void Recargado() = 0;                        // after the whole text is another
 };
 
-// How a change joins the one before it into one step of undo.
-enum class Agrupacion {
-  Sola,      // a step of its own (paste, drop, cut)
-  Escribir,  // typing: joined with the typing before it, by word or pause
-  Borrar,    // Backspace and Delete, likewise
-};
-
 class Documento {
  public:
-  Documento();
-  ~Documento();
+  Documento() = default;
+  Documento(const Documento&) = delete;
+  Documento& operator=(const Documento&) = delete;
 
   // Reads the whole file first; only when that has succeeded the text becomes the file's bytes,
   // undo is emptied and the views are told. On a failure nothing changes.
@@ -44,10 +39,12 @@ class Documento {
 
   // The one way a text changes. False (nothing changed) when memory is out.
   bool Reemplazar(Posicion pos, Posicion quitados, std::string_view nuevos, Agrupacion agrupacion);
-  void CerrarGrupo();  // the caret was moved, a pause: the next change starts a new step
+  void CerrarGrupo() {
+    historial_.CerrarGrupo();
+  }  // the caret was moved, a pause: the next change starts a new step
 
-  bool PuedeDeshacer() const;
-  bool PuedeRehacer() const;
+  bool PuedeDeshacer() const { return historial_.HayHechas(); }
+  bool PuedeRehacer() const { return historial_.HayDeshechas(); }
   Cambio Deshacer();  // the last replacement it made, to place the caret; pos -1 when none
   Cambio Rehacer();
 
@@ -57,6 +54,12 @@ class Documento {
   void DejarDeObservar(Observador* observador);
 
  private:
+  void Sustituir(Bytes&& bytes, Sumas&& lineas);
+  Cambio Invertir(Operacion& operacion);
+  void Avisar(const Cambio& cambio);
+
   Bytes bytes_;
   Lineas lineas_{bytes_};
+  Historial historial_;
+  std::vector<Observador*> observadores_;
 };

@@ -54,8 +54,36 @@ class Filas : public Renglones {
   Punto AnchoMaximo() const override { return partidor_.Ancho(); }
 
  private:
+  // The old blocks from number `bloque` on, which start at `inicio` in the text as it is now.
+  struct Viejos {
+    std::size_t bloque = 0;
+    Posicion inicio = 0;
+  };
+  class Tejedor;
+
+  void Rehacer(std::size_t primero, Posicion inicio, Viejos viejos, Posicion tope) const;
+  Viejos Pasar(Viejos viejos, Posicion pos) const;
+  void Aplazar(Posicion desde, Posicion hasta, std::vector<Sumas::Bloque>& bloques) const;
+  void AplazarPieza(Posicion desde, Posicion hasta, std::vector<Sumas::Bloque>& bloques) const;
+  void OlvidarPendientes(Posicion desde, Posicion hasta) const;
+  void Resolver(Posicion pendiente, Posicion tope) const;
+  void Extender(Posicion tope) const;
+  void Asegurar(Posicion linea, Posicion pos) const;
+  std::size_t BloqueAnterior(std::size_t bloque) const;
+
+  bool Pendiente(Posicion pos) const;
+  bool Exacto(Posicion pos) const;
+  Posicion Base(Posicion pos) const;
+  bool FilaVaciaFinal() const;
+  std::int64_t Estimar(Posicion bytes) const;
+
   const Bytes* texto_;
   const Lineas* lineas_;
   Medidas medidas_;
   Partidor partidor_;
+  // What is known, also by answering questions: blocks from the start of the text on, as far as
+  // it was wrapped; and the block starts where the chain of rows is broken: the rows before do
+  // not lead to the rows behind. A broken block's count is an estimate.
+  mutable Sumas sumas_;
+  mutable std::vector<Posicion> pendientes_;
 };

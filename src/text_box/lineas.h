@@ -20,7 +20,7 @@ class ContadorLineas {
   Sumas Terminar();
 
  private:
-  void AgregarBloque(std::string_view bytes);
+  void AgregarBloque(std::string_view bytes, int siguiente);
 
   Sumas sumas_;
   int bloque_;
@@ -56,8 +56,6 @@ class Lineas {
   const Sumas& Bloques() const { return sumas_; }
 
  private:
-  Posicion InicioEnBloque(const Sumas::Lugar& lugar, std::int64_t linea) const;
-
   const Bytes* texto_;
   int bloque_;
   Sumas sumas_;

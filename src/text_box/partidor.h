@@ -33,6 +33,16 @@ class Partidor {
                std::int64_t maximo = INT64_MAX) const;
 
  private:
+  struct Fila {
+    Posicion inicio = 0;
+    Posicion pos = 0;  // what comes next
+    Punto x = 0;
+    Posicion tras_tab = 0;  // after its last tab
+  };
+  Posicion Romper(const Trozos& texto, Posicion inicio, Posicion libres) const;
+  bool Llenar(const Trozos& texto, Fila& fila, std::size_t n) const;
+  static Posicion Cortar(const Trozos& texto, const Fila& fila);
+
   Pluma pluma_;
   Punto ancho_ = 0;
   Posicion maximo_fila_ = 0;

@@ -32,6 +32,10 @@ class Pluma {
   Renglones::Corte Hasta(const Trozos& texto, Posicion desde, Posicion hasta, Punto x,
                          Punto limite) const;
 
+  // Of that position and the one after it, the one whose x is nearer; `ultima` is the last.
+  Posicion MasCerca(const Trozos& texto, const Renglones::Corte& corte, Posicion ultima,
+                    Punto x) const;
+
  private:
   Avances avances_;
   Punto maximo_ = 0;

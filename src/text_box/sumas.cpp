@@ -50,16 +50,24 @@ void Sumas::Agregar(Bloque bloque) {
 
 void Sumas::Sustituir(std::size_t desde, std::size_t hasta, std::span<const Bloque> nuevos) {
   const std::size_t quitados = hasta - desde;
+  const bool tantos = quitados == nuevos.size();  // if not, all that follow move
+  const std::size_t primero = desde / PorGrupo;
+  const std::size_t ultimo = tantos ? Grupos(hasta) : grupos_.size();
+  for (std::size_t i = primero; i < ultimo; ++i) Totalizar(grupos_[i], -1);
+
   const std::size_t comunes = std::min(quitados, nuevos.size());
   const auto lugar = bloques_.begin() + static_cast<std::ptrdiff_t>(desde);
-  std::copy_n(nuevos.begin(), comunes, lugar);
-  const auto resto = lugar + static_cast<std::ptrdiff_t>(comunes);
+  const auto resto = std::copy_n(nuevos.begin(), comunes, lugar);
   if (quitados > comunes)
     bloques_.erase(resto, lugar + static_cast<std::ptrdiff_t>(quitados));
   else
     bloques_.insert(resto, nuevos.begin() + static_cast<std::ptrdiff_t>(comunes), nuevos.end());
-  // Only the groups with changed blocks, unless all that follow have moved.
-  Recalcular(desde, quitados == nuevos.size() ? hasta : bloques_.size());
+
+  grupos_.resize(Grupos(bloques_.size()));
+  for (std::size_t i = primero; i < (tantos ? ultimo : grupos_.size()); ++i) {
+    grupos_[i] = SumaDeGrupo(i);
+    Totalizar(grupos_[i], 1);
+  }
 }
 
 void Sumas::Sumar(std::size_t bloque, std::uint32_t cuenta) {
@@ -68,30 +76,23 @@ void Sumas::Sumar(std::size_t bloque, std::uint32_t cuenta) {
   total_.cuenta += cuenta;
 }
 
-// Sums up the groups of blocks [desde, hasta) again; to the end, when there are fewer or more.
-void Sumas::Recalcular(std::size_t desde, std::size_t hasta) {
-  const std::size_t cuantos = (bloques_.size() + PorGrupo - 1) / PorGrupo;
-  const std::size_t primero = desde / PorGrupo;
-  const std::size_t ultimo = std::min((hasta + PorGrupo - 1) / PorGrupo, cuantos);
-  const std::size_t viejos = grupos_.size();
-  for (std::size_t i = primero; i < std::max(viejos, cuantos); ++i) {
-    if (i < viejos && (i < ultimo || i >= cuantos)) {
-      total_.bytes -= grupos_[i].bytes;
-      total_.cuenta -= grupos_[i].cuenta;
-    }
+std::size_t Sumas::Grupos(std::size_t bloques) {
+  return (bloques + PorGrupo - 1) / PorGrupo;
+}
+
+Sumas::Grupo Sumas::SumaDeGrupo(std::size_t grupo) const {
+  Grupo suma;
+  const std::size_t fin = std::min((grupo + 1) * PorGrupo, bloques_.size());
+  for (std::size_t i = grupo * PorGrupo; i < fin; ++i) {
+    suma.bytes += bloques_[i].bytes;
+    suma.cuenta += bloques_[i].cuenta;
   }
-  grupos_.resize(cuantos);
-  for (std::size_t i = primero; i < ultimo; ++i) {
-    Grupo grupo;
-    const std::size_t fin = std::min((i + 1) * PorGrupo, bloques_.size());
-    for (std::size_t j = i * PorGrupo; j < fin; ++j) {
-      grupo.bytes += bloques_[j].bytes;
-      grupo.cuenta += bloques_[j].cuenta;
-    }
-    grupos_[i] = grupo;
-    total_.bytes += grupo.bytes;
-    total_.cuenta += grupo.cuenta;
-  }
+  return suma;
+}
+
+void Sumas::Totalizar(const Grupo& grupo, int signo) {
+  total_.bytes += signo * grupo.bytes;
+  total_.cuenta += signo * grupo.cuenta;
 }
 
 Sumas::Lugar Sumas::Donde(std::size_t bloque) const {
@@ -109,8 +110,7 @@ Sumas::Lugar Sumas::Donde(std::size_t bloque) const {
 }
 
 Sumas::Lugar Sumas::PorPosicion(Posicion pos) const {
-  return Buscar(bloques_, grupos_,
-                [pos](Posicion bytes, std::int64_t) { return bytes <= pos; });
+  return Buscar(bloques_, grupos_, [pos](Posicion bytes, std::int64_t) { return bytes <= pos; });
 }
 
 Sumas::Lugar Sumas::PorCuenta(std::int64_t n) const {

@@ -47,7 +47,9 @@ class Sumas {
     Posicion bytes = 0;
     std::int64_t cuenta = 0;
   };
-  void Recalcular(std::size_t desde, std::size_t hasta);
+  static std::size_t Grupos(std::size_t bloques);
+  Grupo SumaDeGrupo(std::size_t grupo) const;
+  void Totalizar(const Grupo& grupo, int signo);
 
   std::vector<Bloque> bloques_;
   std::vector<Grupo> grupos_;

@@ -21,6 +21,15 @@ class Trozos {
   }
   Posicion FinTrozo(Posicion pos) const { return pos < corte_ ? corte_ : total_; }
 
+  Posicion InicioTrozo(Posicion pos) const { return pos < corte_ ? 0 : corte_; }
+  // The byte at `pos`, -1 at the end.
+  int EnOFin(Posicion pos) const { return pos < total_ ? En(pos) : -1; }
+  // The bytes from `pos` up to `hasta`, or up to the gap.
+  std::string_view Tramo(Posicion pos, Posicion hasta) const {
+    const Posicion fin = FinTrozo(pos) < hasta ? FinTrozo(pos) : hasta;
+    return {reinterpret_cast<const char*>(Desde(pos)), static_cast<std::size_t>(fin - pos)};
+  }
+
   // Is a line end complete right before `pos`? Not between CR and LF.
   bool TrasFin(Posicion pos) const {
     if (pos == 0) return false;
@@ -31,6 +40,11 @@ class Trozos {
   Posicion SinFin(Posicion pos) const {
     const bool doble = En(pos - 1) == '\n' && pos > 1 && En(pos - 2) == '\r';
     return pos - (doble ? 2 : 1);
+  }
+
+  // The position after the line end that starts at `pos`.
+  Posicion TrasElFin(Posicion pos) const {
+    return pos + (En(pos) == '\r' && EnOFin(pos + 1) == '\n' ? 2 : 1);
   }
 
  private:

@@ -1,0 +1,57 @@
+// What was done to a text, to be undone and done again.
+//
+// A list of replacements. Each keeps only the bytes that are not in the text: undoing it swaps
+// them with those that are, which turns it into its own opposite. Replacements that belong to one
+// step hang together.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <vector>
+
+#include "text_box/pieza.h"
+
+// How a change joins the one before it into one step of undo.
+enum class Agrupacion : std::uint8_t {
+  Sola,      // a step of its own (paste, drop, cut)
+  Escribir,  // typing: joined with the typing before it, by word or pause
+  Borrar,    // Backspace and Delete, likewise
+};
+
+struct Operacion {
+  Posicion pos = 0;
+  Posicion dentro = 0;    // its bytes that are in the text, from `pos` on
+  Pieza fuera;            // those that were there instead
+  bool enlazada = false;  // of one step with the operation before
+};
+
+class Historial {
+ public:
+  using Momento = std::chrono::milliseconds;  // of any steady clock
+  static constexpr Momento Pausa{1000};       // after that a new step begins
+
+  void Vaciar();
+  // A change that was just made; what was undone is forgotten. `bytes`: those that were typed, or
+  // that were erased.
+  void Anotar(Operacion operacion, Agrupacion agrupacion, std::string_view bytes, Momento ahora);
+  void CerrarGrupo() { abierta_ = Agrupacion::Sola; }
+
+  // The operations to swap next; null without one. What swapped it says so by Deshecha, Rehecha:
+  // true when the step goes on.
+  Operacion* PorDeshacer() { return hechas_.empty() ? nullptr : &hechas_.back(); }
+  Operacion* PorRehacer() { return deshechas_.empty() ? nullptr : &deshechas_.back(); }
+  bool Deshecha();
+  bool Rehecha();
+
+  bool HayHechas() const { return !hechas_.empty(); }
+  bool HayDeshechas() const { return !deshechas_.empty(); }
+
+ private:
+  bool Continua(Agrupacion agrupacion, std::string_view bytes, Momento ahora) const;
+
+  std::vector<Operacion> hechas_;
+  std::vector<Operacion> deshechas_;
+  Agrupacion abierta_ = Agrupacion::Sola;  // what may still join the last operation
+  char ultimo_byte_ = 0;
+  Momento ultimo_momento_{};
+};

@@ -1,0 +1,129 @@
+#include "text_box/partidor.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <string_view>
+
+#include "text_box/rastreo.h"
+
+namespace {
+
+constexpr Posicion Ventana = 64;  // bytes looked at in one go
+
+// After the last blank of [desde, hasta); `desde` without one.
+Posicion TrasUltimoBlanco(const Trozos& texto, Posicion desde, Posicion hasta) {
+  while (hasta > desde) {
+    const Posicion corte = std::max(desde, texto.InicioTrozo(hasta - 1));
+    const unsigned char* bytes = texto.Desde(corte);
+    const void* blanco = memrchr(bytes, ' ', static_cast<std::size_t>(hasta - corte));
+    if (blanco != nullptr) return corte + (static_cast<const unsigned char*>(blanco) - bytes) + 1;
+    hasta = corte;
+  }
+  return desde;
+}
+
+struct Vistazo {
+  std::int64_t fines = 0;    // line ends that are complete in what was looked at
+  Posicion tras_ultimo = 0;  // the bytes up to the last one
+  std::int64_t tabuladores = 0;
+  bool limpio = true;  // neither line end nor tab
+};
+
+Vistazo Ojear(const Trozos& texto, Posicion desde, Posicion n) {
+  Vistazo vistazo;
+  for (Posicion i = 0; i < n; i += Ventana) {
+    const auto paso = static_cast<std::size_t>(std::min(Ventana, n - i));
+    const Mascaras mascaras = Mirar(texto.Desde(desde + i), paso);
+    if ((mascaras.lf | mascaras.cr | mascaras.tab) == 0) continue;
+    const int siguiente = texto.EnOFin(desde + i + static_cast<Posicion>(paso));
+    const std::uint64_t fines = Fines(mascaras, paso, siguiente);
+    vistazo.limpio = false;
+    vistazo.tabuladores += std::popcount(mascaras.tab);
+    vistazo.fines += std::popcount(fines);
+    if (fines != 0) vistazo.tras_ultimo = i + Ventana - std::countl_zero(fines);
+  }
+  return vistazo;
+}
+
+}  // namespace
+
+Partidor::Partidor(const Avances& avances, Punto ancho, Posicion maximo_fila)
+    : pluma_(avances), ancho_(ancho), maximo_fila_(maximo_fila) {
+  const Punto maximo = std::max<Punto>(pluma_.Maximo(), 1);
+  seguro_ = std::min<Posicion>(ancho / maximo, maximo_fila);
+}
+
+Posicion Partidor::Siguiente(const Trozos& texto, Posicion inicio) const {
+  return Romper(texto, inicio, 0);
+}
+
+// As Siguiente, when the first `libres` bytes are known to hold no tab or line end and to fit.
+Posicion Partidor::Romper(const Trozos& texto, Posicion inicio, Posicion libres) const {
+  const Posicion tope = std::min(texto.Total(), inicio + maximo_fila_);
+  Fila fila{inicio, inicio + libres, pluma_.Medir(texto, inicio, inicio + libres, 0), inicio};
+  while (fila.pos < tope) {
+    const std::string_view tramo = texto.Tramo(fila.pos, std::min(tope, fila.pos + Ventana));
+    const Mascaras mascaras = Mirar(texto.Desde(fila.pos), tramo.size());
+    const std::uint64_t especiales = mascaras.lf | mascaras.cr | mascaras.tab;
+    const std::size_t sueltos = std::min<std::size_t>(std::countr_zero(especiales), tramo.size());
+    if (!Llenar(texto, fila, sueltos)) return Cortar(texto, fila);
+    if (sueltos == tramo.size()) continue;
+    if (texto.En(fila.pos) != '\t') return texto.TrasElFin(fila.pos);
+    const Punto x = pluma_.Tabular(fila.x);
+    if (x > ancho_ && fila.pos > inicio) return fila.pos;
+    fila.x = x;
+    fila.tras_tab = ++fila.pos;
+  }
+  if (tope == texto.Total()) return -1;
+  const unsigned char byte = texto.En(tope);
+  return byte == '\n' || byte == '\r' ? texto.TrasElFin(tope) : tope;
+}
+
+// Puts the next `n` bytes into the row; false when the one at fila.pos must not be there.
+bool Partidor::Llenar(const Trozos& texto, Fila& fila, std::size_t n) const {
+  const unsigned char* bytes = texto.Desde(fila.pos);
+  std::size_t i = 0;
+  while (true) {
+    const std::size_t caben = pluma_.Caber(bytes + i, n - i, ancho_, fila.x);
+    i += caben;
+    fila.pos += static_cast<Posicion>(caben);
+    if (i == n) return true;
+    if (bytes[i] != ' ' && fila.pos > fila.inicio) return false;
+    do {
+      fila.x += pluma_.Ancho(bytes[i]);
+      ++i;
+      ++fila.pos;
+    } while (i < n && bytes[i] == ' ');
+    if (i == n) return true;
+  }
+}
+
+Posicion Partidor::Cortar(const Trozos& texto, const Fila& fila) {
+  const Posicion corte = TrasUltimoBlanco(texto, fila.tras_tab, fila.pos);
+  return corte > fila.inicio ? corte : fila.pos;
+}
+
+Partidor::Marcha Partidor::Bajar(const Trozos& texto, Posicion inicio, Posicion hasta,
+                                 std::int64_t maximo) const {
+  Marcha marcha{inicio, 0};
+  while (marcha.inicio < hasta && marcha.filas < maximo) {
+    // Several short lines at once: within so many bytes as fit whatever they are, a row ends
+    // with each line and nowhere else.
+    const Posicion n = static_cast<Posicion>(
+        texto.Tramo(marcha.inicio, std::min(hasta, marcha.inicio + seguro_)).size());
+    const Vistazo vistazo = Ojear(texto, marcha.inicio, n);
+    const bool caben = n * pluma_.Maximo() + vistazo.tabuladores * pluma_.Tabulador() <= ancho_;
+    if (vistazo.fines > 0 && vistazo.fines <= maximo - marcha.filas &&
+        (caben || vistazo.tabuladores == 0)) {
+      marcha.inicio += vistazo.tras_ultimo;
+      marcha.filas += vistazo.fines;
+      continue;
+    }
+    const Posicion siguiente = Romper(texto, marcha.inicio, vistazo.limpio ? n : 0);
+    if (siguiente < 0 || siguiente > hasta) break;
+    marcha.inicio = siguiente;
+    ++marcha.filas;
+  }
+  return marcha;
+}

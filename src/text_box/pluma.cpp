@@ -1,0 +1,100 @@
+#include "text_box/pluma.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+namespace {
+
+constexpr std::size_t Paso = 16;
+
+// Eight bytes in one read, four sums side by side: the table is the only thing waited for.
+Punto SumarPaso(const std::int32_t* ancho, const unsigned char* bytes) {
+  std::uint64_t a = 0;
+  std::uint64_t b = 0;
+  std::memcpy(&a, bytes, 8);
+  std::memcpy(&b, bytes + 8, 8);
+  Punto sumas[4] = {};
+  for (int i = 0; i < 4; ++i) {
+    sumas[i] += ancho[(a >> (16 * i)) & 0xff] + ancho[(b >> (16 * i)) & 0xff];
+    sumas[i] += ancho[(a >> (16 * i + 8)) & 0xff] + ancho[(b >> (16 * i + 8)) & 0xff];
+  }
+  return (sumas[0] + sumas[1]) + (sumas[2] + sumas[3]);
+}
+
+bool SinAnchoPropio(std::size_t byte) {
+  return byte == '\t' || byte == '\n' || byte == '\r';
+}
+
+}  // namespace
+
+Pluma::Pluma(const Avances& avances) : avances_(avances) {
+  uniforme_ = avances.ancho[0] > 0;
+  for (std::size_t i = 0; i < avances.ancho.size(); ++i) {
+    if (SinAnchoPropio(i)) continue;
+    maximo_ = std::max<Punto>(maximo_, avances.ancho[i]);
+    uniforme_ = uniforme_ && avances.ancho[i] == avances.ancho[0];
+  }
+}
+
+Punto Pluma::Sumar(const unsigned char* bytes, std::size_t n) const {
+  if (uniforme_) return static_cast<Punto>(n) * maximo_;
+  Punto suma = 0;
+  std::size_t i = 0;
+  for (; i + Paso <= n; i += Paso) suma += SumarPaso(avances_.ancho.data(), bytes + i);
+  for (; i < n; ++i) suma += avances_.ancho[bytes[i]];
+  return suma;
+}
+
+std::size_t Pluma::Caber(const unsigned char* bytes, std::size_t n, Punto limite, Punto& x) const {
+  if (x > limite) return 0;
+  std::size_t i = 0;
+  if (uniforme_) {
+    i = std::min(n, static_cast<std::size_t>((limite - x) / maximo_));
+    x += static_cast<Punto>(i) * maximo_;
+    return i;
+  }
+  for (; i + Paso <= n; i += Paso) {
+    const Punto suma = SumarPaso(avances_.ancho.data(), bytes + i);
+    if (x + suma > limite) break;
+    x += suma;
+  }
+  for (; i < n && x + Ancho(bytes[i]) <= limite; ++i) x += Ancho(bytes[i]);
+  return i;
+}
+
+Punto Pluma::Medir(const Trozos& texto, Posicion desde, Posicion hasta, Punto x) const {
+  while (desde < hasta) {
+    const std::string_view tramo = texto.Tramo(desde, hasta);
+    const std::size_t tab = std::min(tramo.find('\t'), tramo.size());
+    x += Sumar(texto.Desde(desde), tab);
+    desde += static_cast<Posicion>(tab);
+    if (tab == tramo.size()) continue;
+    x = Tabular(x);
+    ++desde;
+  }
+  return x;
+}
+
+Renglones::Corte Pluma::Hasta(const Trozos& texto, Posicion desde, Posicion hasta, Punto x,
+                              Punto limite) const {
+  while (desde < hasta) {
+    const std::string_view tramo = texto.Tramo(desde, std::min(hasta, desde + 256));
+    const std::size_t tab = std::min(tramo.find('\t'), tramo.size());
+    const std::size_t caben = Caber(texto.Desde(desde), tab, limite, x);
+    desde += static_cast<Posicion>(caben);
+    if (caben < tab) break;
+    if (tab == tramo.size()) continue;
+    if (Tabular(x) > limite) break;
+    x = Tabular(x);
+    ++desde;
+  }
+  return {desde, x};
+}
+
+Posicion Pluma::MasCerca(const Trozos& texto, const Renglones::Corte& corte, Posicion ultima,
+                         Punto x) const {
+  if (corte.pos >= ultima) return ultima;
+  const Punto siguiente = Medir(texto, corte.pos, corte.pos + 1, corte.x);
+  return x - corte.x < siguiente - x ? corte.pos : corte.pos + 1;
+}

@@ -1,0 +1,97 @@
+#include "text_box/rastreo.h"
+
+#include <algorithm>
+#include <cstring>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace {
+
+#ifdef __SSE2__
+
+std::uint64_t Iguales(__m128i dieciseis, char byte) {
+  return static_cast<std::uint64_t>(
+      _mm_movemask_epi8(_mm_cmpeq_epi8(dieciseis, _mm_set1_epi8(byte))));
+}
+
+Mascaras MirarTodos(const unsigned char* bytes) {
+  Mascaras mascaras;
+  for (int i = 0; i < 64; i += 16) {
+    const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + i));
+    mascaras.lf |= Iguales(v, '\n') << i;
+    mascaras.cr |= Iguales(v, '\r') << i;
+    mascaras.tab |= Iguales(v, '\t') << i;
+  }
+  return mascaras;
+}
+
+#else
+
+Mascaras MirarTodos(const unsigned char* bytes) {
+  Mascaras mascaras;
+  for (int i = 0; i < 64; ++i) {
+    mascaras.lf |= std::uint64_t{bytes[i] == '\n'} << i;
+    mascaras.cr |= std::uint64_t{bytes[i] == '\r'} << i;
+    mascaras.tab |= std::uint64_t{bytes[i] == '\t'} << i;
+  }
+  return mascaras;
+}
+
+#endif
+
+// Up to 240 line ends: a sum that fits a byte lets the compiler work on many bytes at once.
+unsigned char ContarPocos(const char* bytes, std::size_t n) {
+  unsigned char cuenta = 0;
+  for (std::size_t i = 0; i < n; ++i) {
+    const auto lf = static_cast<unsigned char>(bytes[i] == '\n');
+    const auto cr = static_cast<unsigned char>(bytes[i] == '\r');
+    const auto sin_lf = static_cast<unsigned char>(bytes[i + 1] != '\n');
+    cuenta = static_cast<unsigned char>(cuenta + (lf | (cr & sin_lf)));
+  }
+  return cuenta;
+}
+
+}  // namespace
+
+Mascaras Mirar(const unsigned char* bytes, std::size_t n) {
+  if (n >= 64) return MirarTodos(bytes);
+  unsigned char copia[64] = {};
+  std::memcpy(copia, bytes, n);
+  return MirarTodos(copia);
+}
+
+std::int64_t ContarFines(std::string_view bytes, int siguiente) {
+  if (bytes.empty()) return 0;
+  constexpr std::size_t Paso = 240;
+  const std::size_t n = bytes.size() - 1;  // the last byte needs `siguiente`
+  std::int64_t cuenta = 0;
+  std::size_t i = 0;
+  for (; i + Paso <= n; i += Paso) cuenta += ContarPocos(bytes.data() + i, Paso);
+  cuenta += ContarPocos(bytes.data() + i, n - i);
+  const bool ultimo = bytes[n] == '\n' || (bytes[n] == '\r' && siguiente != '\n');
+  return cuenta + (ultimo ? 1 : 0);
+}
+
+Posicion PrimerFin(const Trozos& texto, Posicion desde, Posicion hasta) {
+  while (desde < hasta) {
+    const std::string_view tramo = texto.Tramo(desde, hasta);
+    const std::size_t lf = std::min(tramo.find('\n'), tramo.size());
+    const std::size_t fin = std::min(tramo.substr(0, lf).find('\r'), lf);
+    desde += static_cast<Posicion>(fin);
+    if (fin < tramo.size()) break;
+  }
+  return desde;
+}
+
+std::size_t UltimoFin(std::string_view bytes) {
+  if (bytes.empty()) return std::string_view::npos;
+  const auto* lf = static_cast<const char*>(memrchr(bytes.data(), '\n', bytes.size()));
+  const std::size_t tras_lf = lf == nullptr ? 0 : static_cast<std::size_t>(lf + 1 - bytes.data());
+  const std::string_view resto = bytes.substr(tras_lf);
+  const auto* cr =
+      resto.empty() ? nullptr : static_cast<const char*>(memrchr(resto.data(), '\r', resto.size()));
+  if (cr != nullptr) return static_cast<std::size_t>(cr - bytes.data());
+  return tras_lf == 0 ? std::string_view::npos : tras_lf - 1;
+}

@@ -1,0 +1,31 @@
+// Looking through bytes for line ends, sixteen at a time.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "text_box/trozos.h"
+
+// What stands at the first `n` <= 64 bytes from `bytes` on, a bit for each, the first one lowest.
+struct Mascaras {
+  std::uint64_t lf = 0;
+  std::uint64_t cr = 0;
+  std::uint64_t tab = 0;
+};
+Mascaras Mirar(const unsigned char* bytes, std::size_t n);
+
+// The bytes with which line ends are complete: every LF, and every CR that no LF follows.
+// `siguiente`: the byte after the `n` (> 0) that were looked at, -1 where the text ends.
+inline std::uint64_t Fines(const Mascaras& mascaras, std::size_t n, int siguiente) {
+  const std::uint64_t tras = std::uint64_t{siguiente == '\n'} << (n - 1);
+  return mascaras.lf | (mascaras.cr & ~(mascaras.lf >> 1 | tras));
+}
+
+// How many line ends are complete in `bytes`, with `siguiente` as above.
+std::int64_t ContarFines(std::string_view bytes, int siguiente);
+
+// The first CR or LF of [desde, hasta); `hasta` without one.
+Posicion PrimerFin(const Trozos& texto, Posicion desde, Posicion hasta);
+// The offset of the last one; npos without one.
+std::size_t UltimoFin(std::string_view bytes);

@@ -1,0 +1,139 @@
+// The widest line: what each block keeps of it, and how that follows the text.
+#include <algorithm>
+#include <chrono>
+
+#include "text_box/rastreo.h"
+#include "text_box/renglones_lineas.h"
+#include "text_box/trozos.h"
+
+namespace {
+
+constexpr int AlCambiar = 64;  // blocks that are worked out at once
+
+// Replaces `viejos` elements from `desde` on by `nuevos` fresh ones.
+template <typename T>
+void Empalmar(std::vector<T>& vector, const Lineas::Empalme& empalme, const T& valor) {
+  const auto lugar = vector.begin() + static_cast<std::ptrdiff_t>(empalme.desde);
+  const std::size_t comunes = std::min(empalme.viejos, empalme.nuevos);
+  const auto resto = std::fill_n(lugar, comunes, valor);
+  if (empalme.viejos > comunes)
+    vector.erase(resto, resto + static_cast<std::ptrdiff_t>(empalme.viejos - comunes));
+  else
+    vector.insert(resto, empalme.nuevos - comunes, valor);
+}
+
+}  // namespace
+
+void RenglonesLineas::Configurar(const Avances& avances) {
+  pluma_ = Pluma(avances);
+  Recargado();
+}
+
+void RenglonesLineas::Recargado() {
+  const std::size_t n = lineas_->Bloques().Bloques();
+  curvas_.assign(n, {});
+  maximos_.assign(n, -1);
+  desconocidos_ = n;
+  primero_ = 0;
+  ancho_al_dia_ = false;
+}
+
+void RenglonesLineas::Reemplazado(const Cambio& cambio) {
+  const bool completo = Completo();
+  const Lineas::Empalme& empalme = lineas_->UltimoEmpalme();
+  const auto primero = maximos_.begin() + static_cast<std::ptrdiff_t>(empalme.desde);
+  const auto ultimo = primero + static_cast<std::ptrdiff_t>(empalme.viejos);
+  desconocidos_ -= static_cast<std::size_t>(std::count(primero, ultimo, -1));
+  desconocidos_ += empalme.nuevos;
+  Empalmar(curvas_, empalme, {});
+  Empalmar<Punto>(maximos_, empalme, -1);
+  primero_ = std::min(primero_, empalme.desde);
+  // The line that was changed may have started long before, and what follows the change may be
+  // a line's start no longer, or only now.
+  Ignorar(lineas_->Bloques().PorPosicion(lineas_->InicioDe(cambio.pos)).bloque);
+  Ignorar(lineas_->Bloques().PorPosicion(cambio.pos + cambio.puestos).bloque);
+  ancho_al_dia_ = false;
+  if (completo) Trabajar(AlCambiar);
+}
+
+void RenglonesLineas::Ignorar(std::size_t bloque) {
+  if (bloque >= maximos_.size()) return;
+  if (maximos_[bloque] >= 0) ++desconocidos_;
+  maximos_[bloque] = -1;
+  primero_ = std::min(primero_, bloque);
+}
+
+bool RenglonesLineas::Completo() const {
+  return desconocidos_ == 0;
+}
+
+bool RenglonesLineas::Avanzar(int milisegundos) {
+  using Reloj = std::chrono::steady_clock;
+  const Reloj::time_point fin = Reloj::now() + std::chrono::milliseconds(milisegundos);
+  while (!Completo()) {
+    Trabajar(AlCambiar);
+    if (Reloj::now() >= fin) break;
+  }
+  return Completo();
+}
+
+// Works out what is unknown, at the cost of going through about so many blocks.
+void RenglonesLineas::Trabajar(int bloques) {
+  while (!Completo() && bloques > 0) {
+    const auto desde = maximos_.begin() + static_cast<std::ptrdiff_t>(primero_);
+    primero_ = static_cast<std::size_t>(std::find(desde, maximos_.end(), -1) - maximos_.begin());
+    if (!Maximo(primero_, bloques)) return;
+    --desconocidos_;
+    ancho_al_dia_ = false;
+  }
+}
+
+// The widest line that starts in a block. False when that takes more than `bloques` blocks; what
+// was worked out is not lost.
+bool RenglonesLineas::Maximo(std::size_t bloque, int& bloques) {
+  const Trozos texto(*texto_);
+  const Posicion inicio = lineas_->Bloques().Donde(bloque).bytes;
+  const Posicion fin = inicio + static_cast<Posicion>(lineas_->Bloques().En(bloque).bytes);
+  --bloques;
+  Posicion pos = inicio;
+  if (pos > 0 && !texto.TrasFin(pos)) {
+    pos = PrimerFin(texto, pos, fin);
+    if (pos < fin) pos = texto.TrasElFin(pos);
+  }
+  Punto maximo = 0;
+  while (pos < fin) {
+    Posicion fin_linea = PrimerFin(texto, pos, fin);
+    const bool sigue = fin_linea == fin;
+    if (sigue) fin_linea = lineas_->FinDe(pos);
+    if (!PrepararCurvas(bloque + 1, fin, fin_linea, bloques)) return false;
+    maximo = std::max(maximo, sigue ? XDe(pos, fin_linea) : pluma_.Medir(texto, pos, fin_linea, 0));
+    pos = sigue ? fin : texto.TrasElFin(fin_linea);
+  }
+  maximos_[bloque] = maximo;
+  return true;
+}
+
+// The curves of the blocks from number `bloque` on, which starts at `pos`, up to the one in which
+// a line ends at `fin`.
+bool RenglonesLineas::PrepararCurvas(std::size_t bloque, Posicion pos, Posicion fin,
+                                     int& bloques) const {
+  while (pos < fin) {
+    const Posicion hasta = pos + static_cast<Posicion>(lineas_->Bloques().En(bloque).bytes);
+    if (hasta < fin && curvas_[bloque].antes == SinCalcular) {
+      if (bloques-- <= 0) return false;
+      curvas_[bloque] = Calcular(pos, hasta);
+    }
+    pos = hasta;
+    ++bloque;
+  }
+  return true;
+}
+
+Punto RenglonesLineas::AnchoMaximo() const {
+  if (!ancho_al_dia_) {
+    const auto mayor = std::max_element(maximos_.begin(), maximos_.end());
+    ancho_maximo_ = mayor == maximos_.end() ? 0 : std::max<Punto>(*mayor, 0);
+    ancho_al_dia_ = true;
+  }
+  return ancho_maximo_;
+}
