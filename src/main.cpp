@@ -1,6 +1,15 @@
-#include <QApplication>
+// Velda: a desktop utility for reading and editing plain text files.
+#include "main_window/frm_main.h"
+#include "platform/aplicacion.h"
+#include "platform/escritorio.h"
+#include "shared/mod_gral.h"
 
-int main(int argc, char** argv) {
-  const QApplication app(argc, argv);
-  return 0;
+int main(int /*argc*/, char** argv) {
+  const Aplicacion aplicacion(argv[0]);
+  EscritorioReal escritorio;
+  AccesoPerfilArchivo ajustes;
+  ModGral gral(ajustes);
+  FrmMain principal(gral, escritorio.Servicios());
+  principal.MostrarSinActivar();
+  return Aplicacion::Ejecutar();
 }

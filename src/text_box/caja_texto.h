@@ -3,10 +3,22 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QBasicTimer>
 #include <QColor>
+#include <QElapsedTimer>
 #include <QFont>
+#include <optional>
 
+#include "text_box/aspecto_caja.h"
+#include "text_box/barra_larga.h"
+#include "text_box/composicion.h"
 #include "text_box/documento.h"
+#include "text_box/encuadre.h"
+#include "text_box/movimiento.h"
+#include "text_box/pintor_texto.h"
+#include "text_box/teclas.h"
+
+class QMimeData;
 
 // Who is told of the keys typed in a text box, before they act.
 class OyenteTeclas {
@@ -25,23 +37,160 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
  public:
   enum class Ajuste { SinAjustar, AlAncho };  // lines run past the edge, or wrap at the width
 
+  // `documento` outlives the box. While the box is hidden it costs nothing but its caret.
   CajaTexto(Documento& documento, Ajuste ajuste, QWidget* padre = nullptr);
   ~CajaTexto() override;
 
   void PonerOyente(OyenteTeclas* oyente);
-  void PonerSoloLectura(bool solo_lectura);
+  void PonerSoloLectura(bool solo_lectura);  // then no key is announced
+  bool SoloLectura() const { return solo_lectura_; }
 
   void PonerFuente(const QFont& fuente);  // size in points; underline and strike-out are drawn
-  const QFont& Fuente() const;
+  const QFont& Fuente() const { return fuente_; }
   void PonerColores(const QColor& texto, const QColor& fondo);
-  QColor ColorTexto() const;
-  QColor ColorFondo() const;
+  QColor ColorTexto() const { return aspecto_.texto; }
+  QColor ColorFondo() const { return aspecto_.fondo; }
 
-  Posicion Cursor() const;  // byte offset of the caret
-  Posicion Ancla() const;   // the other end of the selection; equal to Cursor() without one
+  // Positions beyond the text count as its end; the caret never rests between CR and LF.
+  Posicion Cursor() const { return cursor_.pos; }  // byte offset of the caret
+  Posicion Ancla() const { return ancla_; }  // the other end of the selection, or Cursor()
   void PonerCursor(Posicion cursor, Posicion ancla);
   Posicion Arriba() const;  // byte offset of the first visible row
   void PonerArriba(Posicion pos);
 
   void Insertar(const QString& texto);  // as if pasted, at the caret
+
+  // For screen readers.
+  const Documento& Texto() const { return documento_; }
+  const Encuadre& Vista() const { return encuadre_; }
+  void CambiarTramo(Posicion desde, Posicion hasta, const QString& texto);
+
+  QVariant inputMethodQuery(Qt::InputMethodQuery pregunta) const override;
+
+ protected:
+  bool event(QEvent* evento) override;
+  void changeEvent(QEvent* evento) override;
+  void paintEvent(QPaintEvent* evento) override;
+  void resizeEvent(QResizeEvent* evento) override;
+  void showEvent(QShowEvent* evento) override;
+  void hideEvent(QHideEvent* evento) override;
+  void timerEvent(QTimerEvent* evento) override;
+  void focusInEvent(QFocusEvent* evento) override;
+  void focusOutEvent(QFocusEvent* evento) override;
+  bool focusNextPrevChild(bool siguiente) override;
+  void keyPressEvent(QKeyEvent* evento) override;
+  void inputMethodEvent(QInputMethodEvent* evento) override;
+  void contextMenuEvent(QContextMenuEvent* evento) override;
+  void wheelEvent(QWheelEvent* evento) override;
+  void mousePressEvent(QMouseEvent* evento) override;
+  void mouseMoveEvent(QMouseEvent* evento) override;
+  void mouseReleaseEvent(QMouseEvent* evento) override;
+  void mouseDoubleClickEvent(QMouseEvent* evento) override;
+  void dragEnterEvent(QDragEnterEvent* evento) override;
+  void dragMoveEvent(QDragMoveEvent* evento) override;
+  void dragLeaveEvent(QDragLeaveEvent* evento) override;
+  void dropEvent(QDropEvent* evento) override;
+  void scrollContentsBy(int dx, int dy) override;
+
+ private:
+  void Reemplazado(const Cambio& cambio) override;
+  void Recargado() override;
+
+  // caja_texto.cpp
+  void Conectar();
+  void Redibujar();  // bars, idle work, the whole viewport
+  void ActualizarBarras();
+  void RodarX(std::int64_t x);
+  void RodarFilas(std::int64_t filas);
+  enum class Seleccion { Quitar, Extender };
+  enum class Columna { Olvidar, Conservar };
+  void Colocar(const Lugar& lugar, Seleccion seleccion, Columna columna = Columna::Olvidar);
+  void CursorMovido();
+  void AvisarCambio(const Cambio& cambio);  // tells the screen readers
+  Posicion Desde() const { return std::min(cursor_.pos, ancla_); }
+  Posicion Hasta() const { return std::max(cursor_.pos, ancla_); }
+  bool HaySeleccion() const { return cursor_.pos != ancla_; }
+
+  // caja_pintura.cpp
+  void PintarFilas(QPainter& pintor);
+  void PintarCompuesta(QPainter& pintor, PintorTexto& filas, const PintorTexto::Fila& fila);
+  void PintarCursor(QPainter& pintor, const QRect& sitio);
+  QRect RectanguloCursor() const;
+  void ReiniciarParpadeo();
+
+  // caja_edicion.cpp
+  bool Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes, Agrupacion agrupacion);
+  void Borrar(Posicion desde, Posicion hasta);
+  void Deshacer();
+  void Rehacer();
+  void IrA(const Cambio& cambio);
+  void Cortar();
+  void Copiar();
+  void Pegar();
+  void Eliminar();
+  void ElegirTodo();
+  QMimeData* DatosElegidos() const;
+  void OfrecerSeleccion();  // to the primary selection, where there is one
+
+  // caja_teclas.cpp
+  bool Avisar(Aviso aviso);
+  void Editar(Orden orden, const QString& texto);
+  void Mandar(Orden orden);
+  void Escribir(const QByteArray& bytes);
+  bool Mover(const Tecla& tecla);
+  std::optional<Lugar> Destino(const Tecla& tecla) const;
+  void MoverFilas(std::int64_t filas, Seleccion seleccion);
+  void MoverPagina(int sentido, Seleccion seleccion);
+
+  // caja_entrada.cpp
+  void Confirmar(const QInputMethodEvent& evento);
+  QString TextoEntre(Posicion desde, Posicion hasta) const;
+  QVariant TextoParaMetodo(Qt::InputMethodQuery pregunta) const;
+
+  // caja_menu.cpp
+  void MostrarMenu(const QPoint& global);
+
+  // caja_raton.cpp and caja_arrastre.cpp
+  enum class Grano { Caracter, Palabra, Linea };
+  Tramo TramoEn(Posicion pos, Grano grano) const;
+  void EmpezarSeleccion(const Lugar& lugar, Grano grano);
+  void ExtenderSeleccion(const QPoint& punto);
+  bool EnSeleccion(const QPoint& punto) const;
+  void RodarAlArrastrar();
+  void PegarPrimaria(const QPoint& punto);
+  void ArrastrarTexto();
+  bool AceptaTexto(const QDropEvent& evento) const;
+  void MoverElegido(Posicion pos);
+
+  Documento& documento_;
+  Encuadre encuadre_;
+  OyenteTeclas* oyente_ = nullptr;
+  bool solo_lectura_ = false;
+  QFont fuente_;
+  AspectoCaja aspecto_;
+  BarraLarga vertical_;
+  BarraLarga horizontal_;
+
+  Lugar cursor_;
+  Posicion ancla_ = 0;
+  std::optional<Punto> columna_;   // the x that moving up and down keeps to
+  bool mostrar_cursor_ = false;    // to be scrolled to when the box is shown
+  bool cursor_encendido_ = false;  // the lit half of its blinking
+  Composicion composicion_;
+
+  struct Raton {
+    enum class Gesto { Ninguno, Elegir, QuizaArrastrar };
+    Gesto gesto = Gesto::Ninguno;
+    Grano grano = Grano::Caracter;
+    Tramo origen;  // what the gesture selected first
+    QPoint pulsado;
+    QElapsedTimer doble;  // since the last double click
+    QPoint rueda;         // what is left of the wheel's last turn
+  };
+  Raton raton_;
+  std::optional<Posicion> soltar_;  // where dragged text would land
+
+  QBasicTimer reloj_parpadeo_;
+  QBasicTimer reloj_trabajo_;
+  QBasicTimer reloj_arrastre_;
 };

@@ -3,15 +3,12 @@
 #include <QToolButton>
 
 #include "platform/dibujos.h"
-#include "platform/fuentes.h"
 #include "text_window/panel_guardar.h"
 #include "text_window/titulos.h"
 
 namespace {
 
 constexpr QStringView Seccion = u"PosTam";
-const QString FuenteInicial = QStringLiteral("Courier");
-constexpr qreal PuntosIniciales = 9.75;
 
 // From the window's right inner edge to the save panel's left: clear of the scroll bar, in twips.
 constexpr int MargenGuardar = 1590;
@@ -40,13 +37,12 @@ void FrmTexto::CrearControles() {
     TextBox[i]->setAccessibleName(QStringLiteral("Texto"));
     TextBox[i]->setFrameShape(QFrame::NoFrame);
     TextBox[i]->PonerOyente(this);
-    TextBox[i]->PonerFuente(FuenteDe(FuenteInicial, PuntosIniciales));
-    TextBox[i]->PonerColores(Qt::black, Qt::white);
   }
   TextBox[1]->hide();
   FraGuardar_ = new FraGuardar(this);
   connect(FraGuardar_->CmdGuardar, &QToolButton::clicked, this, &FrmTexto::CmdGuardar_Click);
   connect(FraGuardar_->CmdCancelar, &QToolButton::clicked, this, &FrmTexto::CmdCancelar_Click);
+  CrearOpciones();
 }
 
 void FrmTexto::Form_Load() {
@@ -57,6 +53,7 @@ void FrmTexto::Form_Load() {
       estado == static_cast<int>(EstadoVentana::Maximizada)) {
     PonerEstado(static_cast<EstadoVentana>(estado));
   }
+  LeerOpciones();
   documento_.Vaciar();
 }
 
@@ -87,6 +84,8 @@ void FrmTexto::Form_Resize() {
 void FrmTexto::Form_Activate() {
   if (gral_.ArchivoNuevo) {
     MostrarTextoNuevo();
+  } else if (gral_.VerOpciones) {
+    MostrarOpciones();
   } else if (gral_.ArchivoActual == ArchivoNinguno) {
     QuedarSinArchivo();
   } else if (gral_.ArchivoActual != gral_.ArchivoCargado) {
@@ -94,7 +93,12 @@ void FrmTexto::Form_Activate() {
   }
 }
 
+void FrmTexto::Form_Deactivate() {
+  CerrarPaneles();
+}
+
 void FrmTexto::Form_Unload() {
+  CerrarPaneles();
   const EstadoVentana estado = Estado();
   const auto escribir = [this](QStringView clave, int valor) {
     gral_.perfil.Escribir(gral_.ArchivoINI, Seccion, clave, QString::number(valor));

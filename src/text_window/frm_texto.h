@@ -6,8 +6,10 @@
 #include "platform/ventana.h"
 #include "shared/mod_gral.h"
 #include "text_box/caja_texto.h"
+#include "text_window/aspecto.h"
 
 class FraGuardar;
+class FraOpciones;
 
 class FrmTexto : public Ventana, private OyenteTeclas {
   Q_OBJECT
@@ -20,15 +22,30 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   void Form_Load() override;
   void Form_Resize() override;
   void Form_Activate() override;
+  void Form_Deactivate() override;
   void Form_Unload() override;
 
   void CargarArchivo();  // loads the file named by ArchivoActual
   void CmdGuardar_Click();
   void CmdCancelar_Click();
+  void CmdFuente_Click();
+  void CmdFColor_Click();
+  void ChkAjustar_Click();  // shows the box that wraps, or the one that does not
+  void ChkConfirmar_Click();
+  void CmdCerrar_Click();  // closes the options panel and stores what it shows
+  const Documento& ElDocumento() const { return documento_; }
 
  private:
   void CrearControles();
   RectTwips LeerRectangulo();
+
+  void CrearOpciones();
+  void LeerOpciones();
+  void MostrarOpciones();
+  void CerrarPaneles();
+  bool HayPanel() const;
+  void PonerFuenteYTexto();
+  void PonerFondo();
 
   CajaTexto& CajaVisible();
   void MostrarTextoNuevo();
@@ -49,4 +66,7 @@ class FrmTexto : public Ventana, private OyenteTeclas {
 
   CajaTexto* TextBox[2] = {};  // 0 wraps, 1 does not; children of the window
   FraGuardar* FraGuardar_ = nullptr;
+  FraOpciones* FraOpciones_ = nullptr;
+  Aspecto aspecto_;
+  NumeroColor color_dialogo_ = NumeroNegro;  // what the font and colour dialogs held last
 };

@@ -50,6 +50,9 @@ void FrmTexto::ErrorAlLeer(const Resultado& fallo) {
 }
 
 bool FrmTexto::TeclaCaracter() {
+  if (HayPanel()) {
+    return false;
+  }
   MarcarEdicion();
   return true;
 }

@@ -1,0 +1,70 @@
+// Text dragged out of a box, into it, and within it.
+#include <QDrag>
+#include <QDropEvent>
+#include <QMimeData>
+
+#include "text_box/caja_texto.h"
+#include "text_box/texto_externo.h"
+
+void CajaTexto::ArrastrarTexto() {
+  raton_.gesto = Raton::Gesto::Ninguno;
+  auto* arrastre = new QDrag(this);
+  arrastre->setMimeData(DatosElegidos());
+  const Qt::DropActions acciones = solo_lectura_ ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction;
+  const Qt::DropAction hecha =
+      arrastre->exec(acciones, solo_lectura_ ? Qt::CopyAction : Qt::MoveAction);
+  const bool aqui = arrastre->target() == this || arrastre->target() == viewport();
+  if (hecha == Qt::MoveAction && !aqui) Eliminar();
+}
+
+bool CajaTexto::AceptaTexto(const QDropEvent& evento) const {
+  return !solo_lectura_ && TraeTexto(evento.mimeData());
+}
+
+void CajaTexto::dragEnterEvent(QDragEnterEvent* evento) { dragMoveEvent(evento); }
+
+void CajaTexto::dragMoveEvent(QDragMoveEvent* evento) {
+  soltar_.reset();
+  if (AceptaTexto(*evento)) {
+    soltar_ = encuadre_.EnPunto(evento->position().toPoint()).pos;
+    evento->acceptProposedAction();
+  } else {
+    evento->ignore();
+  }
+  viewport()->update();
+}
+
+void CajaTexto::dragLeaveEvent(QDragLeaveEvent* /*evento*/) {
+  soltar_.reset();
+  viewport()->update();
+}
+
+void CajaTexto::dropEvent(QDropEvent* evento) {
+  soltar_.reset();
+  viewport()->update();
+  if (!AceptaTexto(*evento)) return evento->ignore();
+  evento->acceptProposedAction();
+  const Posicion pos = encuadre_.EnPunto(evento->position().toPoint()).pos;
+  const bool propio = evento->source() == this || evento->source() == viewport();
+  if (propio && evento->dropAction() == Qt::MoveAction) return MoverElegido(pos);
+  const QByteArray bytes = DeFuera(evento->mimeData()->text(), documento_.FinDeLinea());
+  if (Cambiar(pos, pos, bytes, Agrupacion::Sola)) PonerCursor(pos + bytes.size(), pos);
+  setFocus(Qt::MouseFocusReason);
+}
+
+// One replacement, so one step of undo: the selection and what lies between it and `pos` change
+// places.
+void CajaTexto::MoverElegido(Posicion pos) {
+  const Posicion desde = Desde();
+  const Posicion hasta = Hasta();
+  if (pos >= desde && pos <= hasta) return;
+  const bool atras = pos < desde;
+  const QByteArray elegido = documento_.Copia(desde, hasta);
+  const QByteArray paso = atras ? documento_.Copia(pos, desde) : documento_.Copia(hasta, pos);
+  const Posicion inicio = std::min(pos, desde);
+  if (!Cambiar(inicio, std::max(pos, hasta), atras ? elegido + paso : paso + elegido,
+               Agrupacion::Sola))
+    return;
+  const Posicion llegada = atras ? pos : inicio + paso.size();
+  PonerCursor(llegada + elegido.size(), llegada);
+}

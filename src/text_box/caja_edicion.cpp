@@ -1,0 +1,85 @@
+// What changes the text, and the clipboard.
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+
+#include "text_box/caja_texto.h"
+#include "text_box/texto_externo.h"
+
+// False where nothing could be changed.
+bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes,
+                        Agrupacion agrupacion) {
+  if (solo_lectura_ || (desde == hasta && bytes.isEmpty())) return false;
+  const std::string_view nuevos(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+  if (!documento_.Reemplazar(desde, hasta - desde, nuevos, agrupacion)) {
+    QApplication::beep();  // out of memory
+    return false;
+  }
+  Colocar({desde + bytes.size(), false}, Seleccion::Quitar);
+  return true;
+}
+
+void CajaTexto::Borrar(Posicion desde, Posicion hasta) {
+  if (HaySeleccion())
+    Eliminar();
+  else
+    Cambiar(desde, hasta, {}, Agrupacion::Borrar);
+}
+
+void CajaTexto::Insertar(const QString& texto) {
+  Cambiar(Desde(), Hasta(), DeFuera(texto, documento_.FinDeLinea()), Agrupacion::Sola);
+}
+
+void CajaTexto::CambiarTramo(Posicion desde, Posicion hasta, const QString& texto) {
+  Cambiar(desde, hasta, DeFuera(texto, documento_.FinDeLinea()), Agrupacion::Sola);
+}
+
+void CajaTexto::Deshacer() {
+  if (!solo_lectura_) IrA(documento_.Deshacer());
+}
+
+void CajaTexto::Rehacer() {
+  if (!solo_lectura_) IrA(documento_.Rehacer());
+}
+
+void CajaTexto::IrA(const Cambio& cambio) {
+  if (cambio.pos >= 0) Colocar({cambio.pos + cambio.puestos, false}, Seleccion::Quitar);
+}
+
+void CajaTexto::Eliminar() { Cambiar(Desde(), Hasta(), {}, Agrupacion::Sola); }
+
+void CajaTexto::Cortar() {
+  if (solo_lectura_ || !HaySeleccion()) return;
+  Copiar();
+  Eliminar();
+}
+
+void CajaTexto::Copiar() {
+  if (HaySeleccion()) QApplication::clipboard()->setMimeData(DatosElegidos());
+}
+
+void CajaTexto::Pegar() {
+  if (!solo_lectura_) Insertar(QApplication::clipboard()->text());
+}
+
+void CajaTexto::ElegirTodo() {
+  documento_.CerrarGrupo();
+  ancla_ = 0;
+  // Everything is selected where the user is: no scrolling to the end.
+  const Posicion arriba = encuadre_.Arriba();
+  const std::int64_t x = encuadre_.X();
+  Colocar({documento_.Tamano(), false}, Seleccion::Extender);
+  encuadre_.PonerArriba(arriba);
+  RodarX(x);
+  OfrecerSeleccion();
+}
+
+QMimeData* CajaTexto::DatosElegidos() const {
+  return new DatosTexto(documento_.Copia(Desde(), Hasta()));
+}
+
+void CajaTexto::OfrecerSeleccion() {
+  QClipboard* portapapeles = QApplication::clipboard();
+  if (HaySeleccion() && portapapeles->supportsSelection())
+    portapapeles->setMimeData(DatosElegidos(), QClipboard::Selection);
+}

@@ -1,0 +1,207 @@
+// What a box is and what it shows: construction, the caret's place, scrolling, changes of the text.
+#include "text_box/caja_texto.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QScrollBar>
+#include <QTimerEvent>
+#include <algorithm>
+
+namespace {
+
+constexpr int kMilisegundosTrabajo = 8;
+constexpr int kPasoHorizontal = 20;  // pixels
+
+// Where a position that is not the change's own comes to lie.
+Posicion Desplazada(Posicion pos, const Cambio& cambio) {
+  if (pos <= cambio.pos) return pos;
+  return std::max(cambio.pos, pos - cambio.quitados) +
+         (pos >= cambio.pos + cambio.quitados ? cambio.puestos : 0);
+}
+
+}  // namespace
+
+CajaTexto::CajaTexto(Documento& documento, Ajuste ajuste, QWidget* padre)
+    : QAbstractScrollArea(padre),
+      documento_(documento),
+      encuadre_(documento, ajuste == Ajuste::AlAncho),
+      vertical_(verticalScrollBar()),
+      horizontal_(horizontalScrollBar()) {
+  const bool ajustado = ajuste == Ajuste::AlAncho;
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setHorizontalScrollBarPolicy(ajustado ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_InputMethodEnabled);
+  setAcceptDrops(true);
+  viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+  viewport()->setCursor(Qt::IBeamCursor);
+  PonerFuente(font());
+  PonerColores(Qt::black, Qt::white);
+  Conectar();
+  documento_.Observar(this);
+}
+
+CajaTexto::~CajaTexto() { documento_.DejarDeObservar(this); }
+
+void CajaTexto::Conectar() {
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+    const std::int64_t fila = std::min(vertical_.Valor(), encuadre_.FilaMaxima());
+    PonerArriba(encuadre_.Reparto().PosicionDe(fila));
+  });
+  connect(horizontalScrollBar(), &QScrollBar::valueChanged, this,
+          [this] { RodarX(horizontal_.Valor()); });
+}
+
+void CajaTexto::PonerOyente(OyenteTeclas* oyente) { oyente_ = oyente; }
+
+void CajaTexto::PonerSoloLectura(bool solo_lectura) {
+  solo_lectura_ = solo_lectura;
+  setAttribute(Qt::WA_InputMethodEnabled, !solo_lectura);
+}
+
+void CajaTexto::PonerFuente(const QFont& fuente) {
+  fuente_ = fuente;
+  encuadre_.PonerTabla(TablaGlifos(fuente));
+  columna_.reset();
+  Redibujar();
+}
+
+void CajaTexto::PonerColores(const QColor& texto, const QColor& fondo) {
+  aspecto_ = AspectoCaja::De(texto, fondo, palette());
+  viewport()->update();
+}
+
+void CajaTexto::PonerCursor(Posicion cursor, Posicion ancla) {
+  const Bytes& texto = documento_.Texto();
+  ancla_ = FueraDeFinDeLinea(texto, std::clamp<Posicion>(ancla, 0, texto.Tamano()));
+  documento_.CerrarGrupo();
+  Colocar({cursor, false}, Seleccion::Extender);
+}
+
+Posicion CajaTexto::Arriba() const { return encuadre_.Arriba(); }
+
+void CajaTexto::PonerArriba(Posicion pos) {
+  mostrar_cursor_ = false;
+  encuadre_.PonerArriba(pos);
+  Redibujar();
+}
+
+void CajaTexto::Colocar(const Lugar& lugar, Seleccion seleccion, Columna columna) {
+  const Bytes& texto = documento_.Texto();
+  const Posicion pos = std::clamp<Posicion>(lugar.pos, 0, texto.Tamano());
+  cursor_ = {FueraDeFinDeLinea(texto, pos), lugar.al_final};
+  if (seleccion == Seleccion::Quitar) ancla_ = cursor_.pos;
+  if (columna == Columna::Olvidar) columna_.reset();
+  CursorMovido();
+}
+
+void CajaTexto::CursorMovido() {
+  mostrar_cursor_ = !isVisible();
+  if (isVisible()) encuadre_.Mostrar(cursor_);
+  ReiniciarParpadeo();
+  Redibujar();
+  updateMicroFocus();
+  if (!QAccessible::isActive()) return;
+  QAccessibleTextSelectionEvent seleccion(this, int(Desde()), int(Hasta()));
+  seleccion.setCursorPosition(int(cursor_.pos));
+  QAccessible::updateAccessibility(&seleccion);
+  QAccessibleTextCursorEvent cursor(this, int(cursor_.pos));
+  QAccessible::updateAccessibility(&cursor);
+}
+
+void CajaTexto::Reemplazado(const Cambio& cambio) {
+  encuadre_.Reemplazado(cambio, isVisible());
+  const Bytes& texto = documento_.Texto();
+  cursor_ = {FueraDeFinDeLinea(texto, Desplazada(cursor_.pos, cambio)), false};
+  ancla_ = FueraDeFinDeLinea(texto, Desplazada(ancla_, cambio));
+  columna_.reset();
+  Redibujar();
+  AvisarCambio(cambio);
+}
+
+void CajaTexto::Recargado() {
+  encuadre_.Recargado();
+  cursor_ = {};
+  ancla_ = 0;
+  columna_.reset();
+  mostrar_cursor_ = false;
+  raton_.gesto = Raton::Gesto::Ninguno;
+  if (!composicion_.Vacia()) {
+    composicion_.Quitar();
+    QGuiApplication::inputMethod()->reset();
+  }
+  CursorMovido();
+  AvisarCambio({});
+}
+
+void CajaTexto::Redibujar() {
+  if (!isVisible()) return;
+  ActualizarBarras();
+  viewport()->update();
+}
+
+void CajaTexto::ActualizarBarras() {
+  const Renglones& filas = encuadre_.Reparto();
+  encuadre_.PonerX(encuadre_.X());
+  const std::int64_t maxima = encuadre_.FilaMaxima();
+  vertical_.Poner(std::min(filas.Indice(encuadre_.Arriba()), maxima), maxima,
+                  encuadre_.FilasVisibles(), 1);
+  horizontal_.Poner(encuadre_.X(), encuadre_.MaximoX(), encuadre_.Tamano().width(),
+                    kPasoHorizontal);
+  if (!filas.Completo() && !reloj_trabajo_.isActive()) reloj_trabajo_.start(0, this);
+}
+
+void CajaTexto::RodarX(std::int64_t x) {
+  encuadre_.PonerX(x);
+  Redibujar();
+}
+
+void CajaTexto::RodarFilas(std::int64_t filas) {
+  encuadre_.Desplazar(filas);
+  Redibujar();
+}
+
+// The bars' own signals are used: they come also where the toolkit sees no difference.
+void CajaTexto::scrollContentsBy(int /*dx*/, int /*dy*/) {}
+
+void CajaTexto::resizeEvent(QResizeEvent* evento) {
+  QAbstractScrollArea::resizeEvent(evento);
+  encuadre_.Medir(viewport()->size());
+  Redibujar();
+}
+
+void CajaTexto::showEvent(QShowEvent* evento) {
+  QAbstractScrollArea::showEvent(evento);
+  encuadre_.Medir(viewport()->size());
+  if (std::exchange(mostrar_cursor_, false)) encuadre_.Mostrar(cursor_);
+  Redibujar();
+}
+
+void CajaTexto::hideEvent(QHideEvent* evento) {
+  QAbstractScrollArea::hideEvent(evento);
+  reloj_trabajo_.stop();
+  reloj_arrastre_.stop();
+  raton_.gesto = Raton::Gesto::Ninguno;
+}
+
+void CajaTexto::timerEvent(QTimerEvent* evento) {
+  const int reloj = evento->timerId();
+  if (reloj == reloj_trabajo_.timerId()) {
+    if (encuadre_.Avanzar(kMilisegundosTrabajo)) reloj_trabajo_.stop();
+    ActualizarBarras();
+  } else if (reloj == reloj_parpadeo_.timerId()) {
+    cursor_encendido_ = !cursor_encendido_;
+    viewport()->update(RectanguloCursor().adjusted(-1, 0, 1, 0));
+  } else if (reloj == reloj_arrastre_.timerId()) {
+    RodarAlArrastrar();
+  } else {
+    QAbstractScrollArea::timerEvent(evento);
+  }
+}
+
+void CajaTexto::changeEvent(QEvent* evento) {
+  QAbstractScrollArea::changeEvent(evento);
+  if (evento->type() == QEvent::PaletteChange) PonerColores(ColorTexto(), ColorFondo());
+}

@@ -1,0 +1,24 @@
+// Text under composition by an input method: shown at the caret, not yet in the document.
+#pragma once
+
+#include <QInputMethodEvent>
+#include <QPainter>
+#include <QTextLayout>
+#include <memory>
+#include <optional>
+
+class Composicion {
+ public:
+  void Poner(const QInputMethodEvent& evento, const QFont& fuente);
+  void Quitar() { maqueta_.reset(); }
+  bool Vacia() const { return !maqueta_; }
+
+  // The rest is for one that is not empty. Pixels.
+  qreal Ancho() const;
+  void Pintar(QPainter& pintor, const QPointF& sitio) const;  // top left corner, current pen
+  std::optional<qreal> XCursor() const;  // nothing where the input method hides the caret
+
+ private:
+  std::unique_ptr<QTextLayout> maqueta_;
+  int cursor_ = -1;
+};

@@ -1,0 +1,22 @@
+// Steps through a text: by character (CRLF counts as one), by word, by line end.
+#pragma once
+
+#include "text_box/bytes.h"
+
+// Every position here is an offset in bytes; the steps stop at the ends of the text.
+Posicion PasoDerecha(const Bytes& texto, Posicion pos);
+Posicion PasoIzquierda(const Bytes& texto, Posicion pos);
+
+// `pos`, or the position behind the line feed when `pos` lies between CR and LF.
+Posicion FueraDeFinDeLinea(const Bytes& texto, Posicion pos);
+
+// The next start of a word, and the start of the word before. A line end is a stop of its own.
+Posicion PalabraDerecha(const Bytes& texto, Posicion pos);
+Posicion PalabraIzquierda(const Bytes& texto, Posicion pos);
+
+// The run of letters, of blanks or of signs around `pos`: what a double click selects.
+struct Tramo {
+  Posicion desde = 0;
+  Posicion hasta = 0;
+};
+Tramo PalabraEn(const Bytes& texto, Posicion pos);

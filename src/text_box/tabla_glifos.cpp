@@ -1,0 +1,91 @@
+#include "text_box/tabla_glifos.h"
+
+#include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QTextLayout>
+#include <QtMath>
+#include <algorithm>
+
+#include "shared/pagina_codigos.h"
+
+namespace {
+
+constexpr int kBlancosPorTabulador = 8;
+constexpr std::int32_t kPixel = 64;  // one pixel in 26.6
+
+std::int32_t EnPuntos(qreal pixeles) {
+  return std::max(kPixel, static_cast<std::int32_t>(qRound(pixeles * kPixel)));
+}
+
+bool EsControl(char16_t caracter) {
+  return caracter < 0x20 || (caracter >= 0x7f && caracter < 0xa0);
+}
+
+// The one line of `texto`, laid out as the toolkit's editor would.
+void Maquetar(QTextLayout& maqueta) {
+  maqueta.beginLayout();
+  QTextLine linea = maqueta.createLine();
+  linea.setLeadingIncluded(true);
+  maqueta.endLayout();
+}
+
+}  // namespace
+
+TablaGlifos::TablaGlifos(const QFont& fuente) {
+  QFont llana = fuente;
+  llana.setKerning(false);
+  fuentes_.push_back(QRawFont::fromFont(llana));
+  Medir(fuente);
+  for (int byte = 0; byte < 256; ++byte) {
+    const char16_t caracter = PaginaCodigos::ATexto(static_cast<unsigned char>(byte));
+    if (EsControl(caracter)) {
+      entradas_[byte].fuente = kMarca;
+      continue;
+    }
+    const QList<quint32> glifos = fuentes_[0].glyphIndexesForString(QString(QChar(caracter)));
+    if (glifos.size() != 1 || glifos[0] == 0) {
+      Sustituir(static_cast<unsigned char>(byte), llana);
+      continue;
+    }
+    entradas_[byte].glifo = glifos[0];
+    const QList<QPointF> avances = fuentes_[0].advancesForGlyphIndexes(glifos);
+    avances_.ancho[byte] = EnPuntos(avances.value(0).x());
+  }
+  const std::int32_t blanco = std::max(kPixel, avances_.ancho[' ']);
+  for (int byte = 0; byte < 256; ++byte)
+    if (entradas_[byte].fuente == kMarca) avances_.ancho[byte] = blanco;
+  avances_.tabulador = kBlancosPorTabulador * blanco;
+  ancho_mayor_ = std::max(*std::ranges::max_element(avances_.ancho), avances_.tabulador);
+}
+
+void TablaGlifos::Medir(const QFont& fuente) {
+  QTextLayout maqueta(QStringLiteral("x"), fuente);
+  Maquetar(maqueta);
+  const QTextLine linea = maqueta.lineAt(0);
+  alto_fila_ = std::max(1, qCeil(linea.height()));
+  base_ = linea.ascent();  // the leading lies below
+  subrayada_ = fuente.underline();
+  tachada_ = fuente.strikeOut();
+  grosor_raya_ = fuentes_[0].isValid() ? fuentes_[0].lineThickness() : 1;
+  subrayado_ = fuentes_[0].isValid() ? qCeil(fuentes_[0].underlinePosition()) : 1;
+  tachado_ = linea.ascent() / 3;
+}
+
+void TablaGlifos::Sustituir(unsigned char byte, const QFont& fuente) {
+  QTextLayout maqueta(QString(QChar(PaginaCodigos::ATexto(byte))), fuente);
+  Maquetar(maqueta);
+  const QList<QGlyphRun> trazos = maqueta.glyphRuns();
+  if (trazos.isEmpty() || trazos[0].glyphIndexes().size() != 1) {
+    entradas_[byte].fuente = kMarca;
+    return;
+  }
+  const std::uint8_t indice = IndiceFuente(trazos[0].rawFont());
+  entradas_[byte] = {trazos[0].glyphIndexes().first(), indice};
+  avances_.ancho[byte] = EnPuntos(maqueta.lineAt(0).naturalTextWidth());
+}
+
+std::uint8_t TablaGlifos::IndiceFuente(const QRawFont& cruda) {
+  auto sitio = std::ranges::find(fuentes_, cruda);
+  if (sitio == fuentes_.end()) sitio = fuentes_.insert(fuentes_.end(), cruda);
+  return static_cast<std::uint8_t>(sitio - fuentes_.begin());
+}

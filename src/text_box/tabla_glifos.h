@@ -1,0 +1,56 @@
+// How each of the 256 bytes looks in one font: its glyph, the font it comes from, its width.
+#pragma once
+
+#include <QFont>
+#include <QRawFont>
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "text_box/renglones.h"
+
+class TablaGlifos {
+ public:
+  struct Entrada {
+    std::uint32_t glifo = 0;
+    std::uint8_t fuente = 0;  // index for Fuente(), or kMarca
+  };
+  // A control character: no glyph, the painter draws a mark as wide as a blank.
+  static constexpr std::uint8_t kMarca = 255;
+
+  // Kerning and ligatures are off; a character that `fuente` lacks comes from the font that the
+  // system puts in its place.
+  explicit TablaGlifos(const QFont& fuente);
+
+  const Entrada& De(unsigned char byte) const { return entradas_[byte]; }
+  const QRawFont& Fuente(std::uint8_t indice) const { return fuentes_[indice]; }
+  const Avances& Anchos() const { return avances_; }
+  std::int32_t AnchoMayor() const { return ancho_mayor_; }  // 26.6
+
+  // Pixels, as the toolkit's own plain text editor spaces its lines.
+  int AltoFila() const { return alto_fila_; }
+  qreal Base() const { return base_; }  // from the row's top to the base line
+
+  bool Subrayada() const { return subrayada_; }
+  bool Tachada() const { return tachada_; }
+  qreal GrosorRaya() const { return grosor_raya_; }
+  qreal Subrayado() const { return subrayado_; }  // from the base line, downwards
+  qreal Tachado() const { return tachado_; }      // from the base line, upwards
+
+ private:
+  void Medir(const QFont& fuente);
+  void Sustituir(unsigned char byte, const QFont& fuente);
+  std::uint8_t IndiceFuente(const QRawFont& cruda);
+
+  std::array<Entrada, 256> entradas_{};
+  std::vector<QRawFont> fuentes_;
+  Avances avances_;
+  std::int32_t ancho_mayor_ = 0;
+  int alto_fila_ = 1;
+  qreal base_ = 0;
+  bool subrayada_ = false;
+  bool tachada_ = false;
+  qreal grosor_raya_ = 1;
+  qreal subrayado_ = 0;
+  qreal tachado_ = 0;
+};

@@ -1,0 +1,105 @@
+#include "text_window/panel_opciones.h"
+
+#include "platform/controles.h"
+#include "platform/dibujos.h"
+
+namespace {
+
+constexpr RectTwips RectPanel{40, 40, 3210, 3495};
+constexpr RectTwips RectCerrar{2460, 3120, 615, 255};
+constexpr QColor CianClaro(128, 255, 255);
+constexpr int LadoDibujo = 48;  // pixels
+
+struct Boton {
+  QToolButton* FraOpciones::*control;
+  QString nombre;
+  QString texto;
+  QString dibujo;
+  RectTwips rect;
+};
+
+struct Casilla {
+  QCheckBox* FraOpciones::*control;
+  QString nombre;
+  QString texto;
+  RectTwips rect;
+};
+
+QCursor Flecha() {
+  return Puntero(QStringLiteral("puntero_flecha"), 0, 0);
+}
+
+}  // namespace
+
+// The controls are made in the order in which Tab walks through them.
+FraOpciones::FraOpciones(QWidget* padre)
+    : MarcoTitulado(padre, QStringLiteral("FraOpciones"), QStringLiteral("Opciones:"), RectPanel) {
+  CrearBotones();
+  CrearCasillas();
+  CrearCerrar();
+}
+
+void FraOpciones::CrearBotones() {
+  const Boton botones[] = {
+      {&FraOpciones::CmdFuente,
+       QStringLiteral("CmdFuente"),
+       QStringLiteral("Fuente de letra"),
+       QStringLiteral("fuente"),
+       {120, 240, 1335, 1095}},
+      {&FraOpciones::CmdFColor,
+       QStringLiteral("CmdFColor"),
+       QStringLiteral("Color del Fondo"),
+       QStringLiteral("color_fondo"),
+       {1680, 240, 1335, 1095}},
+      {&FraOpciones::CmdFavoritas,
+       QStringLiteral("CmdFavoritas"),
+       QStringLiteral("Selec. Favoritas"),
+       QStringLiteral("favoritas"),
+       {120, 1440, 1335, 1095}},
+  };
+  for (const Boton& uno : botones) {
+    auto* boton = new QToolButton(this);
+    Colocar(*boton, uno.nombre, uno.rect);
+    boton->setText(uno.texto);
+    boton->setIcon(Icono(uno.dibujo));
+    boton->setIconSize({LadoDibujo, LadoDibujo});
+    boton->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    boton->setFocusPolicy(Qt::StrongFocus);
+    boton->setCursor(Flecha());
+    this->*uno.control = boton;
+  }
+}
+
+void FraOpciones::CrearCasillas() {
+  const Casilla casillas[] = {
+      {&FraOpciones::ChkConfirmar,
+       QStringLiteral("ChkConfirmar"),
+       QStringLiteral("Mostrar\ndiálogo al\neliminar un\narchivo"),
+       {1820, 1680, 1095, 795}},
+      {&FraOpciones::ChkFavoritas,
+       QStringLiteral("ChkFavoritas"),
+       QStringLiteral("Abrir carpetas favoritas al inicio"),
+       {120, 2640, 2535, 195}},
+      {&FraOpciones::ChkAjustar,
+       QStringLiteral("ChkAjustar"),
+       QStringLiteral("Ajustar el texto a la ventana"),
+       {120, 3000, 2535, 195}},
+  };
+  for (const Casilla& una : casillas) {
+    auto* casilla = new QCheckBox(una.texto, this);
+    Colocar(*casilla, una.nombre, una.rect);
+    casilla->resize(casilla->size().expandedTo({casilla->sizeHint().width(), 0}));
+    casilla->setAccessibleName(QString(una.texto).replace(u'\n', u' '));
+    this->*una.control = casilla;
+  }
+  ChkAjustar->setChecked(true);
+}
+
+void FraOpciones::CrearCerrar() {
+  CmdCerrar = new QPushButton(QStringLiteral("Cerrar"), this);
+  Colocar(*CmdCerrar, QStringLiteral("CmdCerrar"), RectCerrar);
+  CmdCerrar->setCursor(Flecha());
+  QPalette paleta;
+  paleta.setColor(QPalette::Button, CianClaro);
+  CmdCerrar->setPalette(paleta);
+}
