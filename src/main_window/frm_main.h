@@ -61,6 +61,7 @@ class FrmMain : public Ventana {
 
   void ComandoAbrir();
   void ComandoNuevo();
+  void ComandoOpciones();
   void ComandoSVisible();
   void ComandoAnterior();
   void ComandoSiguiente();

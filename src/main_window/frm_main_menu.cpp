@@ -40,7 +40,7 @@ const std::array<FrmMain::Comando, FrmMain::Iconos>& FrmMain::Comandos() {
        {620, 870, 435, 435},
        {540, 870, 585, 525},
        true,
-       &FrmMain::SinEfecto},
+       &FrmMain::ComandoOpciones},
       {QStringLiteral("Favoritas"),
        {1230, 870, 435, 435},
        {1155, 840, 570, 510},
@@ -135,6 +135,11 @@ void FrmMain::ComandoNuevo() {
   if (Texto().Visible() && Texto().Estado() == EstadoVentana::Minimizada) {
     Texto().PonerEstado(EstadoVentana::Normal);
   }
+  TraerTexto();
+}
+
+void FrmMain::ComandoOpciones() {
+  gral_.VerOpciones = true;
   TraerTexto();
 }
 

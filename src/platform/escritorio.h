@@ -6,28 +6,31 @@
 #include "platform/abridor.h"
 #include "platform/activacion.h"
 #include "platform/dialogos_archivo.h"
+#include "platform/dialogos_aspecto.h"
 #include "platform/encima.h"
 #include "platform/mensajes.h"
 
 struct Escritorio {
-  Activacion& activacion;
-  Encima& encima;
-  DialogosArchivo& dialogos;
-  Mensajes& mensajes;
-  Abridor& abridor;
+  Activacion &activacion;
+  Encima &encima;
+  DialogosArchivo &dialogos;
+  Mensajes &mensajes;
+  Abridor &abridor;
+  DialogosAspecto &aspecto;
 };
 
 // The real desktop.
 class EscritorioReal {
- public:
+public:
   EscritorioReal();
-  Escritorio& Servicios() { return servicios_; }
+  Escritorio &Servicios() { return servicios_; }
 
- private:
+private:
   Activacion activacion_;
   EncimaReal encima_;
   DialogosArchivoReales dialogos_;
   MensajesReales mensajes_;
   AbridorReal abridor_;
+  DialogosAspectoReales aspecto_;
   Escritorio servicios_;
 };

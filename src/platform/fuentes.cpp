@@ -25,3 +25,12 @@ QFont FuenteDe(const QString& nombre, qreal puntos) {
   fuente.setPointSizeF(puntos * PuntosPorPulgada / densidad);
   return fuente;
 }
+
+QFont FuenteDe(const FuenteTexto& texto) {
+  QFont fuente = FuenteDe(texto.nombre, texto.puntos);
+  fuente.setBold(texto.negrita);
+  fuente.setItalic(texto.cursiva);
+  fuente.setUnderline(texto.subrayada);
+  fuente.setStrikeOut(texto.tachada);
+  return fuente;
+}

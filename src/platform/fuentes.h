@@ -3,8 +3,21 @@
 
 #include <QFont>
 
+// The font of a text, as the settings hold it.
+struct FuenteTexto {
+  QString nombre;  // of a family that need not be installed
+  double puntos = 0;
+  bool negrita = false;
+  bool cursiva = false;
+  bool subrayada = false;
+  bool tachada = false;
+
+  bool operator==(const FuenteTexto&) const = default;
+};
+
 // A font of `puntos` points, 20 twips each: 3/4 of a pixel whatever the screen reports. A name
 // that is no installed font is drawn with a like one; "Courier" always with an outline font.
 QFont FuenteDe(const QString& nombre, qreal puntos);
+QFont FuenteDe(const FuenteTexto& fuente);
 
 inline const QString FuenteControles = QStringLiteral("MS Sans Serif");

@@ -1,0 +1,161 @@
+#include "platform/dialogo_fuente.h"
+
+#include <array>
+#include <utility>
+
+#include <QAbstractItemView>
+#include <QColorDialog>
+#include <QFontInfo>
+#include <QGroupBox>
+#include <QHash>
+#include <QLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStyledItemDelegate>
+
+namespace {
+
+// The toolkit's lists and the fields over them, in its own order.
+enum Columna { Familia, Estilo, Tamano, Columnas };
+
+const std::array<std::pair<Columna, QString>, Columnas> Nombres{
+    {{Familia, QStringLiteral("Tipo de letra")},
+     {Estilo, QStringLiteral("Estilo del tipo de letra")},
+     {Tamano, QStringLiteral("Tamaño")}}};
+
+constexpr QSize TamanoMuestra(24, 12);
+constexpr int GrisMuyClaro = 200;  // of 255: not to be read on white any more
+
+// The names that fonts give their styles are English: "Bold Italic".
+QString EstiloEnEspanol(const QString& estilo) {
+  static const QHash<QString, QString> palabras{
+      {QStringLiteral("regular"), QStringLiteral("normal")},
+      {QStringLiteral("roman"), QStringLiteral("normal")},
+      {QStringLiteral("book"), QStringLiteral("normal")},
+      {QStringLiteral("medium"), QStringLiteral("media")},
+      {QStringLiteral("bold"), QStringLiteral("negrita")},
+      {QStringLiteral("demibold"), QStringLiteral("seminegrita")},
+      {QStringLiteral("semibold"), QStringLiteral("seminegrita")},
+      {QStringLiteral("extrabold"), QStringLiteral("extranegrita")},
+      {QStringLiteral("black"), QStringLiteral("superior")},
+      {QStringLiteral("italic"), QStringLiteral("cursiva")},
+      {QStringLiteral("oblique"), QStringLiteral("oblicua")},
+      {QStringLiteral("light"), QStringLiteral("fina")},
+      {QStringLiteral("extralight"), QStringLiteral("extrafina")},
+      {QStringLiteral("thin"), QStringLiteral("ultrafina")},
+      {QStringLiteral("condensed"), QStringLiteral("estrecha")}};
+  QStringList traducidas;
+  for (const QString& palabra : estilo.split(u' ')) {
+    traducidas << palabras.value(palabra.toLower(), palabra);
+  }
+  QString nombre = traducidas.join(u' ');
+  nombre.replace(0, 1, nombre.left(1).toUpper());
+  return nombre;
+}
+
+class EnEspanol : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QString displayText(const QVariant& valor, const QLocale& /*idioma*/) const override {
+    return EstiloEnEspanol(valor.toString());
+  }
+};
+
+// What is drawn now: of an installed family.
+QFont FuenteMostrada(const FuenteTexto& fuente) {
+  QFont mostrada = FuenteDe(fuente);
+  mostrada.setFamily(QFontInfo(mostrada).family());
+  mostrada.setPointSizeF(fuente.puntos);
+  return mostrada;
+}
+
+}  // namespace
+
+DialogoFuente::DialogoFuente(const EleccionFuente& actual) : actual_(actual), color_(actual.color) {
+  setOption(QFontDialog::DontUseNativeDialog);
+  setWindowTitle(QStringLiteral("Fuente de letra"));
+  setCurrentFont(FuenteMostrada(actual.fuente));
+  PrepararListas();
+  PrepararColor();
+  inicial_ = currentFont();
+}
+
+void DialogoFuente::PrepararListas() {
+  const auto listas = findChildren<QAbstractItemView*>(Qt::FindDirectChildrenOnly);
+  const auto campos = findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly);
+  if (listas.size() != Columnas || campos.size() != Columnas) {
+    return;
+  }
+  for (const auto& [columna, nombre] : Nombres) {
+    listas[columna]->setAccessibleName(nombre);
+    campos[columna]->setAccessibleName(nombre);
+  }
+  connect(listas[Familia], &QAbstractItemView::clicked, this, [this] { familia_elegida_ = true; });
+  connect(listas[Tamano], &QAbstractItemView::clicked, this, [this] { tamano_elegido_ = true; });
+  connect(campos[Tamano], &QLineEdit::textEdited, this, [this] { tamano_elegido_ = true; });
+  listas[Estilo]->setItemDelegate(new EnEspanol(listas[Estilo]));
+  estilo_ = campos[Estilo];
+  connect(estilo_, &QLineEdit::textChanged, this, &DialogoFuente::Traducir);
+  connect(this, &QFontDialog::currentFontChanged, this, &DialogoFuente::Traducir);
+  Traducir();
+}
+
+// The field only shows the style; the dialog reads it from the list.
+void DialogoFuente::Traducir() {
+  const QSignalBlocker sin_avisos(estilo_);
+  estilo_->setText(EstiloEnEspanol(estilo_->text()));
+}
+
+void DialogoFuente::PrepararColor() {
+  boton_color_ = new QPushButton(QStringLiteral("&Color del texto..."), this);
+  boton_color_->setObjectName(QStringLiteral("BotonColor"));
+  boton_color_->setAutoDefault(false);
+  boton_color_->setIconSize(TamanoMuestra);
+  connect(boton_color_, &QPushButton::clicked, this, &DialogoFuente::PedirColor);
+  const auto grupos = findChildren<QGroupBox*>(Qt::FindDirectChildrenOnly);
+  QLayout* sitio = grupos.isEmpty() ? layout() : grupos.constFirst()->layout();
+  sitio->addWidget(boton_color_);
+  PintarColor();
+}
+
+void DialogoFuente::PedirColor() {
+  QColorDialog dialogo(color_, this);
+  dialogo.setOption(QColorDialog::DontUseNativeDialog);
+  dialogo.setWindowTitle(QStringLiteral("Color del texto"));
+  if (dialogo.exec() == QDialog::Accepted) {
+    color_ = dialogo.selectedColor();
+    PintarColor();
+  }
+}
+
+void DialogoFuente::PintarColor() {
+  QPixmap muestra(TamanoMuestra);
+  muestra.fill(color_);
+  boton_color_->setIcon(muestra);
+  if (auto* texto = findChild<QLineEdit*>(QStringLiteral("qt_fontDialog_sampleEdit"))) {
+    QPalette paleta = texto->palette();
+    paleta.setColor(QPalette::Text, color_);
+    paleta.setColor(QPalette::Base, qGray(color_.rgb()) > GrisMuyClaro ? Qt::black : Qt::white);
+    texto->setPalette(paleta);
+  }
+}
+
+EleccionFuente DialogoFuente::Elegida() const {
+  const QFont fuente = currentFont();
+  EleccionFuente elegida = actual_;
+  elegida.color = color_;
+  if (familia_elegida_ || fuente.family() != inicial_.family()) {
+    elegida.fuente.nombre = fuente.family();
+  }
+  if ((tamano_elegido_ || fuente.pointSize() != inicial_.pointSize()) && fuente.pointSize() > 0) {
+    elegida.fuente.puntos = fuente.pointSize();
+  }
+  if (fuente.bold() != inicial_.bold() || fuente.italic() != inicial_.italic()) {
+    elegida.fuente.negrita = fuente.bold();
+    elegida.fuente.cursiva = fuente.italic();
+  }
+  elegida.fuente.subrayada = fuente.underline();
+  elegida.fuente.tachada = fuente.strikeOut();
+  return elegida;
+}
