@@ -3,6 +3,7 @@
 #include "platform/ventana.h"
 
 EscritorioReal::EscritorioReal()
-    : dialogos_(activacion_), mensajes_(activacion_),
-      aspecto_(activacion_), servicios_{activacion_, encima_,  dialogos_,
-                                        mensajes_,   abridor_, aspecto_} {}
+    : dialogos_(activacion_),
+      mensajes_(activacion_),
+      aspecto_(activacion_),
+      servicios_{activacion_, encima_, dialogos_, mensajes_, abridor_, aspecto_} {}

@@ -11,21 +11,21 @@
 #include "platform/mensajes.h"
 
 struct Escritorio {
-  Activacion &activacion;
-  Encima &encima;
-  DialogosArchivo &dialogos;
-  Mensajes &mensajes;
-  Abridor &abridor;
-  DialogosAspecto &aspecto;
+  Activacion& activacion;
+  Encima& encima;
+  DialogosArchivo& dialogos;
+  Mensajes& mensajes;
+  Abridor& abridor;
+  DialogosAspecto& aspecto;
 };
 
 // The real desktop.
 class EscritorioReal {
-public:
+ public:
   EscritorioReal();
-  Escritorio &Servicios() { return servicios_; }
+  Escritorio& Servicios() { return servicios_; }
 
-private:
+ private:
   Activacion activacion_;
   EncimaReal encima_;
   DialogosArchivoReales dialogos_;

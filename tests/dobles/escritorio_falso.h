@@ -9,30 +9,26 @@
 #include "platform/ventana.h"
 
 struct EncimaFalsa : Encima {
-  void Poner(Ventana & /*ventana*/, bool encima) override {
-    puestas.push_back(encima);
-  }
+  void Poner(Ventana& /*ventana*/, bool encima) override { puestas.push_back(encima); }
   std::vector<bool> puestas;
 };
 
 struct DialogosFalsos : DialogosArchivo {
-  QString Abrir(Ventana & /*duena*/, const PeticionArchivo &peticion) override {
+  QString Abrir(Ventana& /*duena*/, const PeticionArchivo& peticion) override {
     abrir.push_back(peticion);
     return respuesta;
   }
-  QString Guardar(Ventana & /*duena*/,
-                  const PeticionArchivo &peticion) override {
+  QString Guardar(Ventana& /*duena*/, const PeticionArchivo& peticion) override {
     guardar.push_back(peticion);
     return respuesta;
   }
   std::vector<PeticionArchivo> abrir;
   std::vector<PeticionArchivo> guardar;
-  QString respuesta; // empty: the user cancels
+  QString respuesta;  // empty: the user cancels
 };
 
 struct MensajesFalsos : Mensajes {
-  void Critico(Ventana & /*duena*/, const QString &texto,
-               const QString &titulo) override {
+  void Critico(Ventana& /*duena*/, const QString& texto, const QString& titulo) override {
     titulos << titulo;
     textos << texto;
   }
@@ -41,27 +37,24 @@ struct MensajesFalsos : Mensajes {
 };
 
 struct AbridorFalso : Abridor {
-  void AbrirArchivo(const QString &ruta) override { abiertos << ruta; }
-  void AbrirDireccion(const QString &direccion) override {
-    abiertos << direccion;
-  }
+  void AbrirArchivo(const QString& ruta) override { abiertos << ruta; }
+  void AbrirDireccion(const QString& direccion) override { abiertos << direccion; }
   QStringList abiertos;
 };
 
 struct AspectoFalso : DialogosAspecto {
-  std::optional<EleccionFuente>
-  PedirFuente(Ventana & /*duena*/, const EleccionFuente &actual) override {
+  std::optional<EleccionFuente> PedirFuente(Ventana& /*duena*/,
+                                            const EleccionFuente& actual) override {
     fuentes.push_back(actual);
     return fuente;
   }
-  std::optional<QColor> PedirColor(Ventana & /*duena*/,
-                                   const QColor &actual) override {
+  std::optional<QColor> PedirColor(Ventana& /*duena*/, const QColor& actual) override {
     colores.push_back(actual);
     return color;
   }
-  std::vector<EleccionFuente> fuentes; // what the dialogs started from
+  std::vector<EleccionFuente> fuentes;  // what the dialogs started from
   std::vector<QColor> colores;
-  std::optional<EleccionFuente> fuente; // the answers; none: the user cancels
+  std::optional<EleccionFuente> fuente;  // the answers; none: the user cancels
   std::optional<QColor> color;
 };
 
@@ -72,7 +65,5 @@ struct EscritorioFalso {
   MensajesFalsos mensajes;
   AbridorFalso abridor;
   AspectoFalso aspecto;
-  Escritorio Servicios() {
-    return {activacion, encima, dialogos, mensajes, abridor, aspecto};
-  }
+  Escritorio Servicios() { return {activacion, encima, dialogos, mensajes, abridor, aspecto}; }
 };
