@@ -43,6 +43,12 @@ bool EsPulsacion(QObject* objeto, QEvent* evento) {
   }
 }
 
+// A modal window stands before it: the desktop may activate it all the same.
+bool Bloqueada(const Ventana& ventana) {
+  const QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr && modal != &ventana;
+}
+
 void Anotar(std::vector<QPointer<Ventana>>& lista, Ventana& ventana) {
   if (std::find(lista.begin(), lista.end(), &ventana) == lista.end()) {
     lista.emplace_back(&ventana);
@@ -72,6 +78,16 @@ Activacion::DialogoAbierto::DialogoAbierto(Activacion& activacion, Ventana& duen
 Activacion::DialogoAbierto::~DialogoAbierto() {
   --activacion_.dialogos_;
   activacion_.Reclamar();
+}
+
+Activacion::BucleModal::BucleModal(Activacion& activacion)
+    : activacion_(activacion), profundidad_(activacion.profundidad_) {
+  activacion_.Asentar();
+  activacion_.profundidad_ = 0;
+}
+
+Activacion::BucleModal::~BucleModal() {
+  activacion_.profundidad_ = profundidad_;
 }
 
 Activacion::Activacion() {
@@ -120,7 +136,7 @@ bool Activacion::eventFilter(QObject* objeto, QEvent* evento) {
     return false;
   }
   Ventana* ventana = VentanaDe(objeto);
-  if (ventana == nullptr || dialogos_ > 0) {
+  if (ventana == nullptr || dialogos_ > 0 || Bloqueada(*ventana)) {
     return false;
   }
   if (!activada) {

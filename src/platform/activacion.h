@@ -40,6 +40,20 @@ class Activacion : public QObject {
     Activacion& activacion_;
   };
 
+  // While one of these lives a handler waits in the event loop of a modal window: what it asked for
+  // is done, and the handlers inside the loop end on their own.
+  class BucleModal {
+   public:
+    explicit BucleModal(Activacion& activacion);
+    ~BucleModal();
+    BucleModal(const BucleModal&) = delete;
+    BucleModal& operator=(const BucleModal&) = delete;
+
+   private:
+    Activacion& activacion_;
+    int profundidad_;
+  };
+
   Activacion();
   ~Activacion() override;
 

@@ -1,6 +1,7 @@
 #include "platform/ventana.h"
 
 #include <QCloseEvent>
+#include <QEventLoop>
 #include <QWindow>
 
 namespace {
@@ -73,10 +74,38 @@ void Ventana::Aparecer() {
   }
 }
 
+// Only a dialog in the toolkit's sense is kept in front of its owner by the window manager.
+void Ventana::MostrarModal(Ventana& duena) {
+  const Activacion::Manejador manejador(activacion_);
+  setWindowFlag(Qt::Dialog);
+  setWindowModality(Qt::ApplicationModal);
+  Mostrar();
+  create();
+  windowHandle()->setTransientParent(duena.windowHandle());
+  QEventLoop bucle;
+  connect(this, &Ventana::Oculta, &bucle, &QEventLoop::quit);
+  connect(this, &Ventana::Cerrada, &bucle, &QEventLoop::quit);
+  if (visible_) {
+    const Activacion::BucleModal en_bucle(activacion_);
+    bucle.exec(QEventLoop::DialogExec);
+  }
+  duena.DarFoco();
+}
+
 void Ventana::DarFoco() {
   if (visible_) {
     activacion_.DarFoco(*this);
   }
+}
+
+void Ventana::Ocultar() {
+  if (!visible_) {
+    return;
+  }
+  const Activacion::Manejador manejador(activacion_);
+  visible_ = false;
+  hide();
+  emit Oculta();
 }
 
 void Ventana::Cerrar() {

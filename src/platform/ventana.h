@@ -21,7 +21,11 @@ class Ventana : public QWidget {
   // Shown by the program; a minimised window counts as visible. The first showing runs Form_Load.
   void Mostrar();  // and makes it the active window
   void MostrarSinActivar();
+  // Shows it in front of `duena`, the only window that answers, and returns when it was hidden or
+  // closed; then `duena` is the active window again.
+  void MostrarModal(Ventana& duena);
   void DarFoco();  // nothing happens to a window that is not visible
+  void Ocultar();  // it stays loaded
   void Cerrar();   // runs Form_Unload
   bool Visible() const { return visible_; }
 
@@ -46,6 +50,7 @@ class Ventana : public QWidget {
   virtual void Form_Unload() {}
 
  signals:
+  void Oculta();
   void Cerrada();
 
  protected:
