@@ -9,6 +9,7 @@
 #include "platform/dialogos_aspecto.h"
 #include "platform/encima.h"
 #include "platform/mensajes.h"
+#include "platform/papelera.h"
 
 struct Escritorio {
   Activacion& activacion;
@@ -16,6 +17,7 @@ struct Escritorio {
   DialogosArchivo& dialogos;
   Mensajes& mensajes;
   Abridor& abridor;
+  Papelera& papelera;
   DialogosAspecto& aspecto;
 };
 
@@ -31,6 +33,7 @@ class EscritorioReal {
   DialogosArchivoReales dialogos_;
   MensajesReales mensajes_;
   AbridorReal abridor_;
+  PapeleraReal papelera_;
   DialogosAspectoReales aspecto_;
   Escritorio servicios_;
 };

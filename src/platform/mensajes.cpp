@@ -10,3 +10,12 @@ void MensajesReales::Critico(Ventana& duena, const QString& texto, const QString
   caja.setTextFormat(Qt::PlainText);
   Ejecutar(activacion_, duena, caja);
 }
+
+bool MensajesReales::Preguntar(Ventana& duena, const QString& texto, const QString& titulo) {
+  QMessageBox caja(QMessageBox::Warning, titulo, texto, QMessageBox::Yes | QMessageBox::No);
+  caja.setTextFormat(Qt::PlainText);
+  caja.setDefaultButton(QMessageBox::No);
+  caja.setEscapeButton(QMessageBox::No);
+  Ejecutar(activacion_, duena, caja);
+  return caja.clickedButton() == caja.button(QMessageBox::Yes);
+}

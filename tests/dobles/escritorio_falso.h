@@ -1,5 +1,4 @@
-// A desktop that records what it was asked for and answers what the test told
-// it to.
+// A desktop that records what it was asked for and answers what the test told it to.
 #pragma once
 
 #include <functional>
@@ -32,14 +31,31 @@ struct MensajesFalsos : Mensajes {
     titulos << titulo;
     textos << texto;
   }
+  bool Preguntar(Ventana& /*duena*/, const QString& texto, const QString& titulo) override {
+    titulos << titulo;
+    textos << texto;
+    return respuesta;
+  }
   QStringList titulos;
   QStringList textos;
+  bool respuesta = false;  // to a question
 };
 
 struct AbridorFalso : Abridor {
   void AbrirArchivo(const QString& ruta) override { abiertos << ruta; }
   void AbrirDireccion(const QString& direccion) override { abiertos << direccion; }
   QStringList abiertos;
+};
+
+struct PapeleraFalsa : Papelera {
+  Envio Enviar(const QString& ruta) override {
+    enviadas << ruta;
+    return respuesta;
+  }
+  void Eliminar(const QString& ruta) override { eliminadas << ruta; }
+  QStringList enviadas;
+  QStringList eliminadas;
+  Envio respuesta = Envio::Enviada;
 };
 
 struct AspectoFalso : DialogosAspecto {
@@ -64,6 +80,9 @@ struct EscritorioFalso {
   DialogosFalsos dialogos;
   MensajesFalsos mensajes;
   AbridorFalso abridor;
+  PapeleraFalsa papelera;
   AspectoFalso aspecto;
-  Escritorio Servicios() { return {activacion, encima, dialogos, mensajes, abridor, aspecto}; }
+  Escritorio Servicios() {
+    return {activacion, encima, dialogos, mensajes, abridor, papelera, aspecto};
+  }
 };
