@@ -17,8 +17,15 @@ PAQUETES_ESCRITORIO=(
   python3 python3-pyatspi
 )
 
-# What single tests call.
-PAQUETES_PROBAR=(strace attr acl util-linux mount clang-format)
+# Making the Debian package: what it depends on is found by these two.
+PAQUETES_EMPAQUETAR=(dpkg-dev file)
+
+# What single tests call. The second row checks what is installed: menu entry, metainfo, manual,
+# package.
+PAQUETES_PROBAR=(
+  strace attr acl util-linux mount clang-format
+  desktop-file-utils appstream libxml2-utils groff-base mandoc lintian
+)
 
 # Only for ./test --tidy.
 PAQUETES_TIDY=(clang-tidy)
