@@ -6,7 +6,7 @@ source packaging/paquetes.sh
 instalar_faltantes "${PAQUETES_CONSTRUIR[@]}" "${PAQUETES_EMPAQUETAR[@]}"
 
 cmake --preset release >/dev/null
-cmake --build --preset release --target velda ayuda instalable
+cmake --build --preset release --target instalable
 mkdir -p out
 rm -f out/velda_*.deb
 cpack --config build/release/CPackConfig.cmake -B out
