@@ -1,0 +1,64 @@
+#include "shared/favoritas.h"
+
+#include <unistd.h>
+
+#include "shared/descriptor.h"
+#include "shared/pagina_codigos.h"
+
+namespace {
+
+constexpr QStringView Registros = u"Registros";
+constexpr QStringView Total = u"Total";
+constexpr QStringView Datos = u"Datos";
+
+QString Clave(int numero) {
+  return u'F' + QString::number(numero);
+}
+
+// Blanks at the end of a value are the field's, unless quotes stand around it.
+QString EnCampo(const QString& carpeta) {
+  return carpeta == carpeta.trimmed() ? carpeta : u'"' + carpeta + u'"';
+}
+
+}  // namespace
+
+std::int16_t LeerTotalFavoritas(ModGral& gral) {
+  gral.perfil.Leer(gral.ArchivoFavoritas, Registros, Total, u"0");
+  gral.TotalFavoritas = gral.perfil.Total();
+  return gral.TotalFavoritas;
+}
+
+QString LeerFavorita(ModGral& gral, int numero) {
+  return gral.perfil.LeerLargo(gral.ArchivoFavoritas, Datos, Clave(numero), u"");
+}
+
+QStringList LeerFavoritas(ModGral& gral) {
+  QStringList carpetas;
+  const int total = LeerTotalFavoritas(gral);
+  for (int i = 1; i <= total; ++i) {
+    carpetas << LeerFavorita(gral, i);
+  }
+  return carpetas;
+}
+
+bool CabeEnFavoritas(const QString& carpeta) {
+  return PaginaCodigos::Representable(carpeta) && !carpeta.contains(u'\n') &&
+         !carpeta.contains(u'\r');
+}
+
+void GuardarFavoritas(ModGral& gral, const QStringList& carpetas) {
+  gral.TotalFavoritas = static_cast<std::int16_t>(carpetas.size());
+  if (carpetas.isEmpty()) {
+    (void)::unlink(RutaDelSistema(gral.ArchivoFavoritas).constData());
+    return;
+  }
+  gral.perfil.Escribir(gral.ArchivoFavoritas, Registros, Total,
+                       QString::number(gral.TotalFavoritas));
+  int numero = 0;
+  for (const QString& carpeta : carpetas) {
+    gral.perfil.EscribirLargo(gral.ArchivoFavoritas, Datos, Clave(++numero), EnCampo(carpeta));
+  }
+  while (++numero <= MaximoFavoritas) {
+    gral.perfil.Escribir(gral.ArchivoFavoritas, Datos, Clave(numero), u"");
+  }
+}
