@@ -10,6 +10,7 @@
 #include "platform/encima.h"
 #include "platform/mensajes.h"
 #include "platform/papelera.h"
+#include "platform/unidades.h"
 
 struct Escritorio {
   Activacion& activacion;
@@ -19,6 +20,7 @@ struct Escritorio {
   Abridor& abridor;
   Papelera& papelera;
   DialogosAspecto& aspecto;
+  Unidades& unidades;
 };
 
 // The real desktop.
@@ -35,5 +37,6 @@ class EscritorioReal {
   AbridorReal abridor_;
   PapeleraReal papelera_;
   DialogosAspectoReales aspecto_;
+  UnidadesReales unidades_;
   Escritorio servicios_;
 };
