@@ -42,7 +42,7 @@ AspectoCaja AspectoCaja::De(const QColor& texto, const QColor& fondo, const QPal
     return aspecto;
   // The palette's selection would drown in this background: turn the pair around.
   aspecto.fondo_elegido = aspecto.cursor;
-  aspecto.texto_elegido = Contraste(fondo, aspecto.cursor) >= kSeLee ? fondo
-                                                                     : BlancoONegro(aspecto.cursor);
+  aspecto.texto_elegido =
+      Contraste(fondo, aspecto.cursor) >= kSeLee ? fondo : BlancoONegro(aspecto.cursor);
   return aspecto;
 }

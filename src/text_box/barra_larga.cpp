@@ -1,7 +1,8 @@
 #include "text_box/barra_larga.h"
 
-#include <QSignalBlocker>
 #include <algorithm>
+
+#include <QSignalBlocker>
 
 namespace {
 constexpr std::int64_t kMaximoBarra = 1 << 30;

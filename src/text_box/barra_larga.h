@@ -1,8 +1,9 @@
 // A scroll bar over a 64-bit range: the toolkit's own counts in 32 bits.
 #pragma once
 
-#include <QScrollBar>
 #include <cstdint>
+
+#include <QScrollBar>
 
 class BarraLarga {
  public:

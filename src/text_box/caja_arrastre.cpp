@@ -21,7 +21,9 @@ bool CajaTexto::AceptaTexto(const QDropEvent& evento) const {
   return !solo_lectura_ && TraeTexto(evento.mimeData());
 }
 
-void CajaTexto::dragEnterEvent(QDragEnterEvent* evento) { dragMoveEvent(evento); }
+void CajaTexto::dragEnterEvent(QDragEnterEvent* evento) {
+  dragMoveEvent(evento);
+}
 
 void CajaTexto::dragMoveEvent(QDragMoveEvent* evento) {
   soltar_.reset();

@@ -46,7 +46,9 @@ void CajaTexto::IrA(const Cambio& cambio) {
   if (cambio.pos >= 0) Colocar({cambio.pos + cambio.puestos, false}, Seleccion::Quitar);
 }
 
-void CajaTexto::Eliminar() { Cambiar(Desde(), Hasta(), {}, Agrupacion::Sola); }
+void CajaTexto::Eliminar() {
+  Cambiar(Desde(), Hasta(), {}, Agrupacion::Sola);
+}
 
 void CajaTexto::Cortar() {
   if (solo_lectura_ || !HaySeleccion()) return;

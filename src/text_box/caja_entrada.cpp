@@ -1,6 +1,7 @@
 // Input methods: dead keys, compose, text under composition.
-#include <QInputMethodEvent>
 #include <climits>
+
+#include <QInputMethodEvent>
 
 #include "shared/pagina_codigos.h"
 #include "text_box/caja_texto.h"

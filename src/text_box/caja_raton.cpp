@@ -46,8 +46,7 @@ void CajaTexto::ExtenderSeleccion(const QPoint& punto) {
   const Tramo tramo = TramoEn(lugar.pos, raton_.grano);
   const bool hacia_atras = lugar.pos < raton_.origen.desde;
   ancla_ = hacia_atras ? raton_.origen.hasta : raton_.origen.desde;
-  const Posicion fin =
-      hacia_atras ? tramo.desde : std::max(tramo.hasta, raton_.origen.hasta);
+  const Posicion fin = hacia_atras ? tramo.desde : std::max(tramo.hasta, raton_.origen.hasta);
   Colocar({fin, false}, Seleccion::Extender);
 }
 
@@ -56,8 +55,7 @@ void CajaTexto::mousePressEvent(QMouseEvent* evento) {
   if (evento->button() == Qt::MiddleButton) return PegarPrimaria(punto);
   if (evento->button() != Qt::LeftButton) return;
   const Lugar lugar = encuadre_.EnPunto(punto);
-  const bool cerca =
-      (punto - raton_.pulsado).manhattanLength() < QApplication::startDragDistance();
+  const bool cerca = (punto - raton_.pulsado).manhattanLength() < QApplication::startDragDistance();
   const bool triple = raton_.doble.isValid() && cerca &&
                       raton_.doble.elapsed() < QApplication::doubleClickInterval();
   raton_.doble.invalidate();

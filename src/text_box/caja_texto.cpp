@@ -1,13 +1,14 @@
 // What a box is and what it shows: construction, the caret's place, scrolling, changes of the text.
 #include "text_box/caja_texto.h"
 
+#include <algorithm>
+
 #include <QAccessible>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QScrollBar>
 #include <QTimerEvent>
-#include <algorithm>
 
 namespace {
 
@@ -43,7 +44,9 @@ CajaTexto::CajaTexto(Documento& documento, Ajuste ajuste, QWidget* padre)
   documento_.Observar(this);
 }
 
-CajaTexto::~CajaTexto() { documento_.DejarDeObservar(this); }
+CajaTexto::~CajaTexto() {
+  documento_.DejarDeObservar(this);
+}
 
 void CajaTexto::Conectar() {
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
@@ -54,7 +57,9 @@ void CajaTexto::Conectar() {
           [this] { RodarX(horizontal_.Valor()); });
 }
 
-void CajaTexto::PonerOyente(OyenteTeclas* oyente) { oyente_ = oyente; }
+void CajaTexto::PonerOyente(OyenteTeclas* oyente) {
+  oyente_ = oyente;
+}
 
 void CajaTexto::PonerSoloLectura(bool solo_lectura) {
   solo_lectura_ = solo_lectura;
@@ -80,7 +85,9 @@ void CajaTexto::PonerCursor(Posicion cursor, Posicion ancla) {
   Colocar({cursor, false}, Seleccion::Extender);
 }
 
-Posicion CajaTexto::Arriba() const { return encuadre_.Arriba(); }
+Posicion CajaTexto::Arriba() const {
+  return encuadre_.Arriba();
+}
 
 void CajaTexto::PonerArriba(Posicion pos) {
   mostrar_cursor_ = false;

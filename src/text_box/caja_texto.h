@@ -2,12 +2,13 @@
 // the rest of the program needs.
 #pragma once
 
+#include <optional>
+
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QColor>
 #include <QElapsedTimer>
 #include <QFont>
-#include <optional>
 
 #include "text_box/aspecto_caja.h"
 #include "text_box/barra_larga.h"
@@ -53,7 +54,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
 
   // Positions beyond the text count as its end; the caret never rests between CR and LF.
   Posicion Cursor() const { return cursor_.pos; }  // byte offset of the caret
-  Posicion Ancla() const { return ancla_; }  // the other end of the selection, or Cursor()
+  Posicion Ancla() const { return ancla_; }        // the other end of the selection, or Cursor()
   void PonerCursor(Posicion cursor, Posicion ancla);
   Posicion Arriba() const;  // byte offset of the first visible row
   void PonerArriba(Posicion pos);

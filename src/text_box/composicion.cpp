@@ -25,7 +25,9 @@ void Composicion::Poner(const QInputMethodEvent& evento, const QFont& fuente) {
   maqueta_->endLayout();
 }
 
-qreal Composicion::Ancho() const { return maqueta_->lineAt(0).naturalTextWidth(); }
+qreal Composicion::Ancho() const {
+  return maqueta_->lineAt(0).naturalTextWidth();
+}
 
 void Composicion::Pintar(QPainter& pintor, const QPointF& sitio) const {
   maqueta_->draw(&pintor, sitio);

@@ -1,11 +1,12 @@
 // Text under composition by an input method: shown at the caret, not yet in the document.
 #pragma once
 
+#include <memory>
+#include <optional>
+
 #include <QInputMethodEvent>
 #include <QPainter>
 #include <QTextLayout>
-#include <memory>
-#include <optional>
 
 class Composicion {
  public:

@@ -1,7 +1,8 @@
 #include "text_box/encuadre.h"
 
-#include <QtMath>
 #include <algorithm>
+
+#include <QtMath>
 
 #include "text_box/filas.h"
 #include "text_box/renglones_lineas.h"
@@ -106,7 +107,9 @@ void Encuadre::PonerArriba(Posicion pos) {
   lectura_ = arriba_;
 }
 
-void Encuadre::Desplazar(std::int64_t filas) { PonerArriba(Andar(Arriba(), filas)); }
+void Encuadre::Desplazar(std::int64_t filas) {
+  PonerArriba(Andar(Arriba(), filas));
+}
 
 Posicion Encuadre::Andar(Posicion fila, std::int64_t filas) const {
   const Renglones& renglones = Reparto();

@@ -1,10 +1,11 @@
 // Which part of a document a view shows: its rows, the row at the top, the shift to the right.
 #pragma once
 
+#include <memory>
+
 #include <QPoint>
 #include <QRect>
 #include <QSize>
-#include <memory>
 
 #include "text_box/documento.h"
 #include "text_box/renglones.h"

@@ -15,7 +15,9 @@ Clase ClaseDe(unsigned char byte) {
   return caracter.isLetterOrNumber() || byte == '_' ? Clase::Letra : Clase::Signo;
 }
 
-Clase ClaseEn(const Bytes& texto, Posicion pos) { return ClaseDe(texto.En(pos)); }
+Clase ClaseEn(const Bytes& texto, Posicion pos) {
+  return ClaseDe(texto.En(pos));
+}
 
 bool EntreCRyLF(const Bytes& texto, Posicion pos) {
   return pos > 0 && pos < texto.Tamano() && texto.En(pos) == '\n' && texto.En(pos - 1) == '\r';

@@ -1,7 +1,8 @@
 #include "text_box/pintor_texto.h"
 
-#include <QGlyphRun>
 #include <algorithm>
+
+#include <QGlyphRun>
 
 namespace {
 constexpr Punto kPixel = 64;
@@ -34,8 +35,8 @@ void PintorTexto::Pintar(const Fila& fila) {
 // Collects the bytes in sight with their x; every byte is at least a pixel wide.
 void PintorTexto::Reunir(Posicion inicio, Posicion fin) {
   const Punto izquierda = (encuadre_.X() - Encuadre::kMargen) * kPixel;
-  const auto corte = encuadre_.Reparto().CorteEnX(
-      inicio, std::max<Punto>(0, izquierda - tabla_.AnchoMayor()));
+  const auto corte =
+      encuadre_.Reparto().CorteEnX(inicio, std::max<Punto>(0, izquierda - tabla_.AnchoMayor()));
   const Punto a_la_vista = izquierda + (encuadre_.Tamano().width() + Encuadre::kMargen) * kPixel;
   const Posicion cuantos =
       std::clamp<Posicion>((a_la_vista - corte.x) / kPixel + 1, 0, fin - corte.pos);

@@ -1,9 +1,10 @@
 // Paints rows of text, the visible part of each only.
 #pragma once
 
+#include <vector>
+
 #include <QPainter>
 #include <QPointF>
-#include <vector>
 
 #include "text_box/aspecto_caja.h"
 #include "text_box/encuadre.h"

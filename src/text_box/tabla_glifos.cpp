@@ -1,10 +1,11 @@
 #include "text_box/tabla_glifos.h"
 
+#include <algorithm>
+
 #include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QTextLayout>
 #include <QtMath>
-#include <algorithm>
 
 #include "shared/pagina_codigos.h"
 
@@ -67,7 +68,9 @@ void TablaGlifos::Medir(const QFont& fuente) {
   subrayada_ = fuente.underline();
   tachada_ = fuente.strikeOut();
   grosor_raya_ = fuentes_[0].isValid() ? fuentes_[0].lineThickness() : 1;
-  subrayado_ = fuentes_[0].isValid() ? qCeil(fuentes_[0].underlinePosition()) : 1;
+  const qreal subrayado = fuentes_[0].isValid() ? fuentes_[0].underlinePosition() : 1;
+  // The middle of the line, and never below the row.
+  subrayado_ = std::min(qCeil(subrayado) + 0.5, alto_fila_ - base_ - grosor_raya_ / 2);
   tachado_ = linea.ascent() / 3;
 }
 

@@ -1,11 +1,12 @@
 // How each of the 256 bytes looks in one font: its glyph, the font it comes from, its width.
 #pragma once
 
-#include <QFont>
-#include <QRawFont>
 #include <array>
 #include <cstdint>
 #include <vector>
+
+#include <QFont>
+#include <QRawFont>
 
 #include "text_box/renglones.h"
 

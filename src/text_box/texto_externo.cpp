@@ -1,7 +1,8 @@
 #include "text_box/texto_externo.h"
 
-#include <QUrl>
 #include <algorithm>
+
+#include <QUrl>
 
 #include "shared/pagina_codigos.h"
 
@@ -40,7 +41,9 @@ QString ParaFuera(const QByteArray& bytes) {
   return PaginaCodigos::ATexto(ConFinales(bytes, QByteArray("\n")));
 }
 
-QStringList DatosTexto::formats() const { return {kTextoLlano}; }
+QStringList DatosTexto::formats() const {
+  return {kTextoLlano};
+}
 
 QVariant DatosTexto::retrieveData(const QString& formato, QMetaType /*tipo*/) const {
   return formato == kTextoLlano ? QVariant(ParaFuera(bytes_)) : QVariant();

@@ -1,10 +1,11 @@
 // Text on its way in and out: clipboard, drag and drop, input methods.
 #pragma once
 
+#include <string_view>
+
 #include <QByteArray>
 #include <QMimeData>
 #include <QString>
-#include <string_view>
 
 // The characters of the code page for `texto`, each of its line ends (CR LF, CR, LF or Unicode's
 // own) as `fin_de_linea`. What the code page lacks becomes "?".

@@ -1,0 +1,170 @@
+#include "text_box/azar_vista.h"
+
+#include <QClipboard>
+
+namespace {
+
+const char* const kTeclas[] = {"Left",      "Right",        "Up",         "Down",
+                               "Home",      "End",          "PgUp",       "PgDown",
+                               "Ctrl+Left", "Ctrl+Right",   "Ctrl+Home",  "Ctrl+End",
+                               "Ctrl+Up",   "Ctrl+Down",    "Shift+Left", "Shift+Down",
+                               "Shift+End", "Shift+PgDown", "Shift+PgUp", "Ctrl+Shift+Left",
+                               "Return",    "Return",       "Tab",        "Backspace",
+                               "Backspace", "Del",          "Ctrl+Del",   "Ctrl+Z",
+                               "Ctrl+Z",    "Ctrl+Y",       "Ctrl+X",     "Ctrl+C",
+                               "Ctrl+V",    "Esc",          "Shift+Home", "Ctrl+Backspace"};
+
+const char* const kFuentes[] = {"Liberation Mono", "Liberation Sans", "DejaVu Serif"};
+
+}  // namespace
+
+AzarVista::AzarVista(unsigned semilla)
+    : azar_(semilla),
+      banco_(semilla % 2 ? CajaTexto::Ajuste::AlAncho : CajaTexto::Ajuste::SinAjustar) {
+  QApplication::clipboard()->setText(QStringLiteral("pegado\nen dos"));
+  inicial_ = TextoAlAzar(Hasta(3) * 1500);
+  banco_.documento.Poner(inicial_);
+}
+
+std::string AzarVista::TextoAlAzar(int cuantos) {
+  static const std::string muestra =
+      std::string("aaabc dEf, \xf1\xe1 x  .\n\r\n\t\r\x80\x01") + '\0' + "largapalabra ";
+  std::string texto;
+  while (int(texto.size()) < cuantos)
+    if (Hasta(40) == 0)
+      texto.append(std::size_t(Hasta(120)), 'm');
+    else
+      texto += muestra[std::size_t(Hasta(int(muestra.size())))];
+  return texto;
+}
+
+std::string AzarVista::Paso() {
+  Actuar();
+  Reposar(banco_.caja);
+  return Comparar();
+}
+
+void AzarVista::Actuar() {
+  const int suerte = Hasta(100);
+  if (suerte < 65)
+    Teclear();
+  else if (suerte < 80)
+    Raton();
+  else
+    Cambiar();
+}
+
+void AzarVista::Teclear() {
+  if (Hasta(3) == 0) {
+    accion_ = std::string(1, char('a' + Hasta(26)));
+  } else {
+    accion_ = kTeclas[std::size_t(Hasta(int(std::size(kTeclas))))];
+  }
+  banco_.Teclas(accion_.c_str());
+}
+
+void AzarVista::Raton() {
+  const QSize zona = banco_.caja.viewport()->size();
+  const auto punto = [&] { return QPoint(Hasta(zona.width() + 20), Hasta(zona.height())); };
+  accion_ = "mouse";
+  const QPoint inicio = punto();
+  const bool mayus = Hasta(4) == 0;
+  const auto tipo = Hasta(4) ? QEvent::MouseButtonPress : QEvent::MouseButtonDblClick;
+  banco_.Raton(tipo, inicio, mayus ? Qt::ShiftModifier : Qt::NoModifier);
+  const CajaTexto& caja = banco_.caja;
+  const bool elegido = caja.Cursor() != caja.Ancla();
+  // A drag of the selection itself would wait for the desktop.
+  if (Hasta(2) && (!elegido || mayus)) banco_.Raton(QEvent::MouseMove, punto());
+  banco_.Raton(QEvent::MouseButtonRelease, punto());
+}
+
+void AzarVista::Cambiar() {
+  CajaTexto& caja = banco_.caja;
+  const int tamano = int(banco_.documento.Tamano());
+  switch (Hasta(6)) {
+    case 0:
+      accion_ = "size";
+      return caja.resize(60 + Hasta(400), 40 + Hasta(200));
+    case 1: {
+      accion_ = "font";
+      QFont fuente(QString::fromLatin1(kFuentes[Hasta(3)]), 7 + Hasta(8));
+      fuente.setUnderline(Hasta(4) == 0);
+      return caja.PonerFuente(fuente);
+    }
+    case 2:
+      accion_ = "vertical bar";
+      return caja.verticalScrollBar()->setValue(Hasta(caja.verticalScrollBar()->maximum() + 1));
+    case 3:
+      accion_ = "horizontal bar";
+      return caja.horizontalScrollBar()->setValue(Hasta(caja.horizontalScrollBar()->maximum() + 1));
+    case 4: {
+      accion_ = "another's change";
+      const int desde = Hasta(tamano + 1);
+      const std::string nuevos = TextoAlAzar(Hasta(30));
+      const int quitados = Hasta(std::min(60, tamano - desde + 1));
+      if (!banco_.documento.Reemplazar(desde, quitados, nuevos, Agrupacion::Sola)) std::abort();
+      return;
+    }
+    default:
+      accion_ = "hide and show";
+      caja.hide();
+      caja.PonerCursor(Hasta(tamano + 1), Hasta(tamano + 1));
+      return caja.show();
+  }
+}
+
+// Until nothing is left to be done when idle.
+void AzarVista::Reposar(const CajaTexto& caja) {
+  do QApplication::processEvents();
+  while (!caja.Vista().Completo());
+  QApplication::processEvents();
+}
+
+std::unique_ptr<CajaTexto> AzarVista::Gemela(Documento& documento) {
+  const CajaTexto& caja = banco_.caja;
+  auto gemela = std::make_unique<CajaTexto>(
+      documento, caja.horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOff
+                     ? CajaTexto::Ajuste::AlAncho
+                     : CajaTexto::Ajuste::SinAjustar);
+  gemela->PonerFuente(caja.Fuente());
+  gemela->resize(caja.size());
+  gemela->show();
+  Reposar(*gemela);
+  gemela->PonerCursor(caja.Cursor(), caja.Ancla());
+  gemela->PonerArriba(caja.Arriba());
+  gemela->horizontalScrollBar()->setValue(caja.horizontalScrollBar()->value());
+  return gemela;
+}
+
+std::string AzarVista::Comparar() {
+  CajaTexto& caja = banco_.caja;
+  Documento documento;
+  documento.Poner(banco_.documento.Copia().toStdString());
+  const std::unique_ptr<CajaTexto> gemela = Gemela(documento);
+  gemela->clearFocus();
+  caja.clearFocus();
+  const QImage foto = banco_.Foto();
+  const QImage otra = gemela->viewport()->grab().toImage();
+  caja.setFocus();
+  const auto barra = [](const QScrollBar* b) {
+    return std::to_string(b->value()) + " of " + std::to_string(b->maximum()) + " ";
+  };
+  const auto barras = [&](const CajaTexto& c) {
+    return barra(c.verticalScrollBar()) + barra(c.horizontalScrollBar());
+  };
+  if (barras(caja) != barras(*gemela))
+    return accion_ + ": bars " + barras(caja) + "but " + barras(*gemela);
+  if (foto == otra) return {};
+  foto.save(QDir::temp().filePath(QStringLiteral("azar_vista_uno.png")));
+  otra.save(QDir::temp().filePath(QStringLiteral("azar_vista_otra.png")));
+  return accion_ + ": another picture";
+}
+
+std::string AzarVista::DeshacerTodo() {
+  const std::string al_final = banco_.documento.Copia().toStdString();
+  int pasos = 0;
+  for (; banco_.documento.PuedeDeshacer(); ++pasos) banco_.Teclas("Ctrl+Z");
+  if (banco_.documento.Copia().toStdString() != inicial_) return "undo: another text";
+  for (; pasos > 0; --pasos) banco_.Teclas("Ctrl+Y");
+  return banco_.documento.Copia().toStdString() == al_final ? "" : "redo: another text";
+}

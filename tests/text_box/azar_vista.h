@@ -1,0 +1,37 @@
+// Random actions on a text box, checked after each against a fresh box in the same state.
+#pragma once
+
+#include <memory>
+#include <random>
+#include <string>
+
+#include <QDir>
+#include <QScrollBar>
+
+#include "text_box/banco_caja.h"
+
+class AzarVista {
+ public:
+  explicit AzarVista(unsigned semilla);
+
+  // One action; empty, or what is wrong after it.
+  std::string Paso();
+  // Undoes everything and compares with the text it began with.
+  std::string DeshacerTodo();
+
+ private:
+  int Hasta(int tope) { return std::uniform_int_distribution<int>(0, tope - 1)(azar_); }
+  std::string TextoAlAzar(int cuantos);
+  void Actuar();
+  void Teclear();
+  void Raton();
+  void Cambiar();
+  void Reposar(const CajaTexto& caja);
+  std::string Comparar();
+  std::unique_ptr<CajaTexto> Gemela(Documento& documento);
+
+  std::mt19937 azar_;
+  BancoCaja banco_;
+  std::string inicial_;
+  std::string accion_;
+};

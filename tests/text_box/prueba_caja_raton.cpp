@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include <QScrollBar>
+
+#include "text_box/banco_caja.h"
+
+namespace {
+
+constexpr auto kPulsar = QEvent::MouseButtonPress;
+constexpr auto kMover = QEvent::MouseMove;
+constexpr auto kSoltar = QEvent::MouseButtonRelease;
+constexpr auto kDoble = QEvent::MouseButtonDblClick;
+
+}  // namespace
+
+TEST(CajaRaton, clicks_and_drags_select_characters_words_and_lines) {
+  BancoCaja banco;
+  const std::string texto = "uno dos\r\ntres, cuatro\nfin";
+  banco.Poner("|" + texto);
+  banco.Clic(banco.Sitio(5));
+  EXPECT_EQ(banco.Estado(), "uno d|os\r\ntres, cuatro\nfin");
+  banco.Clic(banco.Sitio(10), Qt::ShiftModifier);
+  EXPECT_EQ(banco.Estado(), "uno d^os\r\nt|res, cuatro\nfin");
+  banco.Clic({300, 150});  // below the text
+  EXPECT_EQ(banco.Estado(), texto + "|");
+  banco.Raton(kPulsar, banco.Sitio(12));
+  banco.Raton(kMover, banco.Sitio(4));
+  banco.Raton(kSoltar, banco.Sitio(4));
+  EXPECT_EQ(banco.Estado(), "uno |dos\r\ntre^s, cuatro\nfin");
+  banco.Clic(banco.Sitio(11), Qt::ShiftModifier);  // ends the drag's selection anew
+  banco.Clic(banco.Sitio(0));
+  banco.Raton(kPulsar, banco.Sitio(16));
+  banco.Raton(kSoltar, banco.Sitio(16));
+  banco.Raton(kDoble, banco.Sitio(16));
+  EXPECT_EQ(banco.Estado(), "uno dos\r\ntres, ^cuatro|\nfin");
+  banco.Raton(kMover, banco.Sitio(5));
+  banco.Raton(kSoltar, banco.Sitio(5));
+  EXPECT_EQ(banco.Estado(), "uno |dos\r\ntres, cuatro^\nfin");
+  banco.Raton(kDoble, banco.Sitio(16));
+  banco.Raton(kSoltar, banco.Sitio(16));
+  banco.Clic(banco.Sitio(16));
+  EXPECT_EQ(banco.Estado(), "uno dos\r\n^tres, cuatro\n|fin");
+  EXPECT_EQ(banco.avisos, "");
+}
+
+TEST(CajaRaton, a_press_on_the_selection_keeps_it_until_it_is_released) {
+  BancoCaja banco;
+  banco.Poner("a^bcd|e");
+  banco.Raton(kPulsar, banco.Sitio(2));
+  EXPECT_EQ(banco.Estado(), "a^bcd|e");
+  banco.Raton(kSoltar, banco.Sitio(2));
+  EXPECT_EQ(banco.Estado(), "ab|cde");
+}
+
+TEST(CajaRaton, a_click_past_a_wrapped_row_lands_at_its_end) {
+  BancoCaja banco;
+  banco.Poner("|" + std::string(30, 'a') + " " + std::string(30, 'b'));
+  banco.Clic({290, banco.Sitio(0).y()});
+  EXPECT_EQ(banco.caja.Cursor(), 31);
+  EXPECT_EQ(banco.caja.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().y(),
+            banco.Sitio(0).y() + banco.caja.viewport()->y());
+}
+
+TEST(CajaRaton, the_wheel_scrolls_three_rows_a_notch_and_small_turns_add_up) {
+  BancoCaja banco;
+  std::string texto;
+  for (int i = 100; i < 200; ++i) texto += std::to_string(i) + "\n";
+  banco.Poner("|" + texto);
+  const auto girar = [&banco](int angulo) {
+    QWheelEvent evento({10, 10}, {10, 10}, {}, {0, angulo}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(banco.caja.viewport(), &evento);
+  };
+  girar(-120);
+  EXPECT_EQ(banco.caja.Arriba(), 12);
+  for (int i = 0; i < 4; ++i) girar(-30);
+  EXPECT_EQ(banco.caja.Arriba(), 24);
+  girar(600);
+  EXPECT_EQ(banco.caja.Arriba(), 0);
+  EXPECT_EQ(banco.caja.Cursor(), 0);
+}
+
+TEST(CajaRaton, the_scroll_bars_reach_the_last_row_and_the_widest_line) {
+  BancoCaja banco(CajaTexto::Ajuste::SinAjustar);
+  std::string texto;
+  for (int i = 100; i < 200; ++i) texto += std::to_string(i) + "\n";
+  banco.Poner("|" + texto + std::string(500, 'x'));
+  QTest::qWait(20);
+  banco.caja.verticalScrollBar()->setValue(banco.caja.verticalScrollBar()->maximum());
+  banco.caja.horizontalScrollBar()->setValue(banco.caja.horizontalScrollBar()->maximum());
+  const QRect fin = banco.caja.Vista().Rectangulo({900, false});
+  EXPECT_TRUE(banco.caja.viewport()->rect().contains(fin));
+  EXPECT_GT(fin.left(), banco.caja.viewport()->width() - 10);
+  EXPECT_GT(fin.bottom(), banco.caja.viewport()->height() - 2 * fin.height());
+  banco.caja.verticalScrollBar()->setValue(7);
+  EXPECT_EQ(banco.caja.Arriba(), 28);
+}
