@@ -22,9 +22,16 @@ constexpr std::array<char16_t, 256> HacerTabla() {
 
 constexpr std::array<char16_t, 256> Caracteres = HacerTabla();
 
+constexpr bool EsDePropios(char16_t caracter) {
+  return caracter - PrimeroPropio < Propios.size();
+}
+
+constexpr bool EsSuPropioByte(char16_t caracter) {
+  return caracter <= 0xFF && !EsDePropios(caracter);
+}
+
 std::optional<unsigned char> Byte(char16_t caracter) {
-  if (caracter < PrimeroPropio) return static_cast<unsigned char>(caracter);
-  if (caracter >= 0xA0 && caracter <= 0xFF) return static_cast<unsigned char>(caracter);
+  if (EsSuPropioByte(caracter)) return static_cast<unsigned char>(caracter);
   const auto* propio = std::find(Propios.begin(), Propios.end(), caracter);
   if (propio == Propios.end()) return std::nullopt;
   return static_cast<unsigned char>(PrimeroPropio + (propio - Propios.begin()));
@@ -62,6 +69,10 @@ QByteArray ABytes(QStringView texto) {
   QByteArray bytes(texto.size(), Qt::Uninitialized);
   char* destino = bytes.data();
   for (qsizetype i = 0; i < texto.size(); ++i) {
+    if (EsSuPropioByte(texto[i].unicode())) {
+      *destino++ = static_cast<char>(texto[i].unicode());
+      continue;
+    }
     const bool par =
         texto[i].isHighSurrogate() && i + 1 < texto.size() && texto[i + 1].isLowSurrogate();
     *destino++ = static_cast<char>(Byte(texto[i].unicode()).value_or('?'));

@@ -1,5 +1,6 @@
 #include <array>
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <string>
 #include <sys/file.h>
@@ -16,6 +17,12 @@
 namespace {
 
 constexpr unsigned Nadie = 65534;
+
+// An access list: the owner rw-, user 65534 r--, group and mask r--, others nothing.
+constexpr std::string_view ListaDeAcceso(
+    "\2\0\0\0\1\0\6\0\xFF\xFF\xFF\xFF\2\0\4\0\xFE\xFF\0\0\4\0\4\0\xFF\xFF\xFF\xFF"
+    "\x10\0\4\0\xFF\xFF\xFF\xFF\x20\0\0\0\xFF\xFF\xFF\xFF",
+    44);
 
 int Guardar(const QString& ruta, std::string_view contenido) {
   const std::array tramos{contenido.substr(0, contenido.size() / 2), std::string_view(),
@@ -148,13 +155,11 @@ TEST_F(Archivo, a_new_file_gets_the_permissions_that_the_mask_leaves) {
 }
 
 TEST_F(Archivo, mode_and_extended_attributes_stay) {
-  // An access list: the owner rw-, user 65534 r--, group and mask r--, others nothing.
-  const QByteArray lista = QByteArray::fromHex(
-      "0200000001000600ffffffff02000400feff000004000400ffffffff10000400ffffffff20000000ffffffff");
   const QByteArray ruta = carpeta.EnSistema("f");
   Permitir("f", 0751);
   const std::vector<std::pair<const char*, QByteArray>> atributos{
-      {"user.prueba", QByteArray(300, '\0')}, {"system.posix_acl_access", lista}};
+      {"user.prueba", QByteArray(300, '\0')},
+      {"system.posix_acl_access", QByteArray(ListaDeAcceso.data(), ListaDeAcceso.size())}};
   for (const auto& [nombre, valor] : atributos) {
     if (::setxattr(ruta.constData(), nombre, valor.constData(),
                    static_cast<std::size_t>(valor.size()), 0) < 0) {
@@ -171,6 +176,18 @@ TEST_F(Archivo, mode_and_extended_attributes_stay) {
     leido.truncate(::getxattr(ruta.constData(), nombre, leido.data(), 1000));
     EXPECT_EQ(leido, valor) << nombre;
   }
+}
+
+TEST_F(Archivo, the_access_list_that_a_folder_gives_to_new_files_does_not_reach_an_old_one) {
+  if (::setxattr(carpeta.EnSistema("").constData(), "system.posix_acl_default",
+                 ListaDeAcceso.data(), ListaDeAcceso.size(), 0) < 0) {
+    GTEST_SKIP() << "no access list can be set here: " << strerror(errno);
+  }
+  const struct stat antes = carpeta.Estado("f");
+  EXPECT_EQ(Guardar(carpeta.Ruta("f"), "nuevo"), 0);
+  EXPECT_LT(::getxattr(carpeta.EnSistema("f").constData(), "system.posix_acl_access", nullptr, 0),
+            0);
+  EXPECT_EQ(carpeta.Estado("f").st_mode, antes.st_mode);
 }
 
 TEST_F(Archivo, left_overs_go_but_not_those_of_a_living_save_nor_other_files) {
@@ -218,6 +235,18 @@ TEST_F(ArchivoConRoot, a_file_of_another_owner_keeps_him) {
   Espera("nuevo");
   EXPECT_EQ(carpeta.Estado("f").st_uid, 0U);
   EXPECT_EQ(carpeta.Estado("f").st_ino, antes.st_ino);
+}
+
+TEST_F(ArchivoConRoot, an_attribute_that_cannot_be_copied_stays) {
+  const QByteArray ruta = carpeta.EnSistema("f");
+  Permitir("", 0777);
+  Regalar("f");
+  if (::setxattr(ruta.constData(), "security.prueba", "x", 1, 0) < 0) {
+    GTEST_SKIP() << "no system attribute can be set here: " << strerror(errno);
+  }
+  EXPECT_EQ(ComoNadie([&] { return Guardar(carpeta.Ruta("f"), "nuevo"); }), 0);
+  Espera("nuevo");
+  EXPECT_EQ(::getxattr(ruta.constData(), "security.prueba", nullptr, 0), 1);
 }
 
 TEST_F(ArchivoConRoot, a_file_that_one_may_not_write_stays_as_it_is) {
