@@ -1,0 +1,116 @@
+// The whole program over a recording desktop: real windows, real files, in a folder of its own.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <memory>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "dobles/escritorio_falso.h"
+#include "main_window/frm_main.h"
+#include "main_window/lista_archivos.h"
+#include "main_window/vista_lista.h"
+#include "text_box/caja_texto.h"
+#include "text_window/frm_texto.h"
+
+// Settings in memory, with a note of every write.
+class AjustesAnotados : public AccesoPerfil {
+ public:
+  QByteArray LeerCadena(QStringView seccion, QStringView clave, const QByteArray& defecto,
+                        const QString& /*ruta*/) override {
+    return valores.value(Nombre(seccion, clave), defecto);
+  }
+  void EscribirCadena(QStringView seccion, QStringView clave, const QByteArray& valor,
+                      const QString& /*ruta*/) override {
+    valores[Nombre(seccion, clave)] = valor;
+    escritas << Nombre(seccion, clave) + u'=' + QString::fromLatin1(valor);
+  }
+
+  QHash<QString, QByteArray> valores;
+  QStringList escritas;
+
+ private:
+  static QString Nombre(QStringView seccion, QStringView clave) {
+    return seccion.toString() + u'/' + clave.toString();
+  }
+};
+
+class Programa : public testing::Test {
+ protected:
+  void Arrancar() {
+    gral = std::make_unique<ModGral>(ajustes);
+    principal = std::make_unique<FrmMain>(*gral, escritorio.Servicios());
+    principal->MostrarSinActivar();
+    ajustes.escritas.clear();
+  }
+
+  QString Ruta(const char* nombre) const { return carpeta.filePath(QString::fromUtf8(nombre)); }
+  QString Archivo(const char* nombre, const QByteArray& contenido) const {
+    QFile archivo(Ruta(nombre));
+    EXPECT_TRUE(archivo.open(QIODevice::WriteOnly));
+    archivo.write(contenido);
+    return archivo.fileName();
+  }
+  QByteArray EnDisco(const char* nombre) const {
+    QFile archivo(Ruta(nombre));
+    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray("(no existe)");
+  }
+
+  void Abrir(const QString& ruta) {
+    escritorio.dialogos.respuesta = ruta;
+    PulsarIcono(0);
+    escritorio.dialogos.respuesta.clear();
+  }
+  // What a user does in the main window makes it the active one first.
+  void PulsarIcono(int indice) const {
+    principal->DarFoco();
+    principal->ImgMenu_Click(indice);
+  }
+  void PulsarEntrada() const {
+    principal->DarFoco();
+    principal->ListBox_Click();
+  }
+  void TeclaEnLista(Qt::Key tecla) const {
+    principal->DarFoco();
+    QTest::keyClick(Lista(), tecla);
+  }
+  FrmTexto* Texto() const {
+    for (QWidget* ventana : QApplication::topLevelWidgets()) {
+      auto* texto = qobject_cast<FrmTexto*>(ventana);
+      if (texto != nullptr && texto->Visible()) {
+        return texto;
+      }
+    }
+    return nullptr;
+  }
+  CajaTexto* Caja() const { return Texto()->findChild<CajaTexto*>(QStringLiteral("TextBox(0)")); }
+  QByteArray EnCaja() const { return Texto()->ElDocumento().Copia(); }
+  QString Titulo() const { return Texto()->Titulo(); }
+  void Escribir(const char* texto) {
+    Texto()->DarFoco();
+    QTest::keyClicks(Caja(), QString::fromLatin1(texto));
+  }
+  VistaLista* Lista() const { return principal->findChild<VistaLista*>(); }
+  QString Total() const {
+    return principal->findChild<QWidget*>(QStringLiteral("LblTotal"))->property("text").toString();
+  }
+  bool Panel() const {
+    return Texto()->findChild<QWidget*>(QStringLiteral("FraGuardar"))->isVisibleTo(Texto());
+  }
+  QStringList Entradas() const {
+    QStringList nombres;
+    for (int i = 0; i < Lista()->model()->rowCount(); ++i) {
+      nombres << Lista()->model()->index(i, 0).data().toString();
+    }
+    return nombres;
+  }
+
+  QTemporaryDir carpeta;
+  AjustesAnotados ajustes;
+  EscritorioFalso escritorio;
+  std::unique_ptr<ModGral> gral;
+  std::unique_ptr<FrmMain> principal;
+};

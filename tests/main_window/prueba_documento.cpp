@@ -1,0 +1,215 @@
+#include <sys/stat.h>
+
+#include <QInputMethodEvent>
+
+#include "programa.h"
+
+namespace {
+
+class Documentos : public Programa {
+ protected:
+  void SetUp() override { Arrancar(); }
+  void Guardar() {
+    Texto()->DarFoco();
+    Texto()->CmdGuardar_Click();
+  }
+  void GuardarComo(const QString& ruta) {
+    escritorio.dialogos.respuesta = ruta;
+    Guardar();
+    escritorio.dialogos.respuesta.clear();
+  }
+};
+
+TEST_F(Documentos, every_byte_comes_back_as_it_was) {
+  QByteArray todos;
+  for (int i = 0; i < 256; ++i) {
+    todos += static_cast<char>(i);
+  }
+  for (const QByteArray& contenido :
+       {QByteArray(), todos, QByteArray("a\r\nb\nc\rd\n\re\r\r\n"), QByteArray("sin final"),
+        QByteArray(3, '\0'), QByteArray(10 * 1024 * 1024, 'x')}) {
+    const QString ruta = Archivo("a", contenido);
+    Abrir(ruta);
+    EXPECT_EQ(EnCaja(), contenido);
+    Archivo("a", "otro");
+    Guardar();
+    EXPECT_EQ(EnDisco("a"), contenido);
+    TeclaEnLista(Qt::Key_Delete);
+  }
+}
+
+TEST_F(Documentos, typing_marks_the_edit_and_saving_replaces_the_file) {
+  Abrir(Archivo("a", "un texto largo"));
+  EXPECT_FALSE(Panel());
+  EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
+  QTest::keyClick(Caja(), Qt::Key_Right);
+  EXPECT_FALSE(Panel()) << "moving is no edit";
+  QTest::keyClick(Caja(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_TRUE(Panel());
+  Escribir("Y");
+  Guardar();
+  EXPECT_EQ(EnDisco("a"), "Y");
+  EXPECT_FALSE(Panel());
+  EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
+}
+
+TEST_F(Documentos, cancelling_an_edit_shows_the_file_from_the_disk_again) {
+  Abrir(Archivo("a", "texto"));
+  Escribir("X");
+  Texto()->CmdCancelar_Click();
+  EXPECT_EQ(EnCaja(), "texto");
+  EXPECT_FALSE(Panel());
+  QTest::keyClick(Caja(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(EnCaja(), "texto") << "undo cannot bring back what was dropped";
+}
+
+TEST_F(Documentos, a_key_in_the_empty_window_starts_a_new_text) {
+  Escribir("H");
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: Nuevo"));
+  EXPECT_TRUE(gral->ArchivoNuevo);
+  EXPECT_EQ(EnCaja(), "H");
+  Texto()->CmdCancelar_Click();
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ?"));
+  EXPECT_EQ(EnCaja(), "H") << "there is no file to go back to";
+  EXPECT_FALSE(Panel());
+  QTest::keyClick(Caja(), Qt::Key_Delete);
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: Nuevo"));
+}
+
+TEST_F(Documentos, a_composed_letter_counts_as_typing) {
+  QInputMethodEvent evento;
+  evento.setCommitString(QStringLiteral("é"));
+  QApplication::sendEvent(Caja(), &evento);
+  EXPECT_EQ(EnCaja(), "\xe9");
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: Nuevo"));
+}
+
+TEST_F(Documentos, a_new_text_is_saved_under_a_name_listed_and_loaded) {
+  Abrir(Archivo("b", "viejo"));
+  PulsarIcono(1);
+  EXPECT_EQ(EnCaja(), "");
+  EXPECT_TRUE(Panel());
+  Escribir("nuevo");
+  PulsarIcono(1);
+  EXPECT_EQ(EnCaja(), "nuevo") << "it is under way already";
+  GuardarComo(Ruta("a"));
+  EXPECT_EQ(escritorio.dialogos.guardar.at(0).titulo, QStringLiteral("Guardar archivo..."));
+  EXPECT_EQ(EnDisco("a"), "nuevo");
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + Ruta("a"));
+  EXPECT_EQ(Entradas(), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+  EXPECT_FALSE(Panel());
+  EXPECT_FALSE(gral->ArchivoNuevo);
+}
+
+TEST_F(Documentos, a_new_text_saved_over_the_file_shown_before_is_loaded_like_any_other) {
+  const QString a = Archivo("a", "uno");
+  Abrir(a);
+  PulsarIcono(1);
+  Escribir("dos");
+  GuardarComo(a);
+  EXPECT_EQ(EnDisco("a"), "dos");
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + a);
+  EXPECT_EQ(Caja()->Cursor(), 0);
+  EXPECT_EQ(Total(), QStringLiteral("01"));
+}
+
+TEST_F(Documentos, cancelling_the_save_dialog_keeps_the_new_text) {
+  for (const bool con_archivo : {false, true}) {
+    if (con_archivo) {
+      Abrir(Archivo("a", "uno"));
+    }
+    PulsarIcono(1);
+    Escribir("nuevo");
+    GuardarComo({});
+    EXPECT_TRUE(gral->ArchivoNuevo);
+    Texto()->DarFoco();
+    EXPECT_EQ(EnCaja(), "nuevo");
+    EXPECT_TRUE(Panel());
+    Texto()->CmdCancelar_Click();
+  }
+  EXPECT_EQ(EnCaja(), "uno") << "cancelling the text goes back to the file";
+}
+
+TEST_F(Documentos, a_new_text_survives_the_window_as_a_request) {
+  PulsarIcono(1);
+  Texto()->Cerrar();
+  PulsarIcono(1);
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: Nuevo"));
+  EXPECT_EQ(EnCaja(), "");
+}
+
+TEST_F(Documentos, a_listed_file_that_is_gone_is_made_empty) {
+  Abrir(Ruta("nuevo.txt"));
+  EXPECT_EQ(EnDisco("nuevo.txt"), "");
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + Ruta("nuevo.txt"));
+}
+
+TEST_F(Documentos, what_cannot_be_read_is_reported_and_changes_nothing) {
+  const QString a = Archivo("a", "texto");
+  ASSERT_EQ(::mkfifo(QFile::encodeName(Ruta("tubo")).constData(), 0600), 0);
+  Abrir(a);
+  Escribir("X");
+  const QStringList malos{carpeta.path(), Ruta("tubo"), QStringLiteral("/dev/null"),
+                          Ruta("no/existe.txt")};
+  for (const QString& malo : malos) {
+    Abrir(malo);
+    EXPECT_EQ(escritorio.mensajes.titulos.takeLast(), QStringLiteral("ERROR AL LEER EL ARCHIVO"));
+    EXPECT_FALSE(escritorio.mensajes.textos.takeLast().isEmpty());
+    EXPECT_EQ(EnCaja(), "Xtexto");
+    EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + a);
+    EXPECT_TRUE(Panel());
+    EXPECT_EQ(gral->ArchivoActual, a);
+  }
+  Guardar();
+  EXPECT_EQ(EnDisco("a"), "Xtexto");
+}
+
+TEST_F(Documentos, a_failed_load_without_a_file_leaves_no_file) {
+  Abrir(carpeta.path());
+  Texto()->DarFoco();
+  principal->DarFoco();
+  Texto()->DarFoco();
+  EXPECT_EQ(escritorio.mensajes.titulos.size(), 1) << "it is not tried again";
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ?"));
+}
+
+TEST_F(Documentos, a_failed_save_keeps_the_text_and_the_mark) {
+  const QString a = Archivo("a", "texto");
+  Abrir(a);
+  Escribir("X");
+  ASSERT_TRUE(QFile::setPermissions(a, QFile::ReadOwner));
+  Guardar();
+  EXPECT_EQ(escritorio.mensajes.titulos,
+            QStringList(QStringLiteral("ERROR AL GUARDAR EL ARCHIVO")));
+  EXPECT_TRUE(Panel());
+  EXPECT_EQ(EnDisco("a"), "texto");
+  ASSERT_TRUE(QFile::remove(a));
+  Guardar();
+  EXPECT_EQ(escritorio.mensajes.titulos.size(), 2) << "a file that has vanished";
+  EXPECT_EQ(EnCaja(), "Xtexto");
+  EXPECT_FALSE(QFile::exists(a));
+}
+
+TEST_F(Documentos, a_failed_first_save_reports_and_can_be_tried_again_where_no_file_is_listed) {
+  PulsarIcono(1);
+  Escribir("nuevo");
+  GuardarComo(Ruta("no/existe.txt"));
+  EXPECT_EQ(escritorio.mensajes.titulos,
+            QStringList(QStringLiteral("ERROR AL GUARDAR EL ARCHIVO")));
+  EXPECT_EQ(EnCaja(), "nuevo");
+  Texto()->DarFoco();  // tries the path that was chosen, which cannot be read either
+  EXPECT_EQ(EnCaja(), "nuevo");
+  GuardarComo(Ruta("a"));
+  EXPECT_EQ(EnDisco("a"), "nuevo");
+}
+
+TEST_F(Documentos, a_failed_first_save_goes_back_to_the_selected_file) {
+  Abrir(Archivo("a", "uno"));
+  PulsarIcono(1);
+  Escribir("nuevo");
+  GuardarComo(Ruta("no/existe.txt"));
+  EXPECT_EQ(EnCaja(), "uno");
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + Ruta("a"));
+}
+
+}  // namespace

@@ -1,0 +1,112 @@
+#include "programa.h"
+
+namespace {
+
+using Menu = Programa;
+
+QWidget* Hijo(FrmMain& ventana, const char* nombre, int indice) {
+  return ventana.findChild<QWidget*>(
+      QStringLiteral("%1(%2)").arg(QLatin1String(nombre)).arg(indice));
+}
+
+TEST_F(Menu, hovering_names_the_command_and_shows_one_highlight) {
+  Arrancar();
+  const QStringList textos{QStringLiteral("Abrir"),        QStringLiteral("Nuevo"),
+                           QStringLiteral("Borrar"),       QStringLiteral("Información"),
+                           QStringLiteral("Opciones"),     QStringLiteral("Favoritas"),
+                           QStringLiteral("S.Visible SI"), QStringLiteral("Anterior"),
+                           QStringLiteral("Siguiente"),    QStringLiteral("Ayuda")};
+  for (int i = 0; i < FrmMain::Iconos; ++i) {
+    QTest::mouseMove(Hijo(*principal, "ImgMenu", i));
+    EXPECT_EQ(principal->Titulo(), textos[i]);
+    for (int j = 0; j < FrmMain::Iconos; ++j) {
+      EXPECT_EQ(Hijo(*principal, "ImgSel", j)->isVisible(), i == j);
+    }
+  }
+  principal->Form_MouseMove();
+  EXPECT_EQ(principal->Titulo(), QStringLiteral("Velda..."));
+  EXPECT_FALSE(Hijo(*principal, "ImgSel", 9)->isVisible());
+}
+
+TEST_F(Menu, activating_the_text_window_or_minimising_ends_the_hover) {
+  Arrancar();
+  principal->DarFoco();
+  principal->ImgMenu_MouseMove(2);
+  Texto()->DarFoco();
+  EXPECT_EQ(principal->Titulo(), QStringLiteral("Velda..."));
+  principal->ImgMenu_MouseMove(2);
+  principal->PonerEstado(EstadoVentana::Minimizada);
+  EXPECT_EQ(principal->Titulo(), QStringLiteral("Velda..."));
+}
+
+TEST_F(Menu, visible_goes_to_and_fro_and_is_named_by_its_state) {
+  Arrancar();
+  EXPECT_EQ(escritorio.encima.puestas, (std::vector<bool>{true})) << "the stored wish, once";
+  PulsarIcono(6);
+  principal->ImgMenu_MouseMove(6);
+  EXPECT_EQ(principal->Titulo(), QStringLiteral("S.Visible NO"));
+  PulsarIcono(6);
+  principal->ImgMenu_MouseMove(6);
+  EXPECT_EQ(principal->Titulo(), QStringLiteral("S.Visible SI"));
+  EXPECT_EQ(escritorio.encima.puestas, (std::vector<bool>{true, false, true}));
+}
+
+TEST_F(Menu, previous_and_next_do_not_wrap_around) {
+  Arrancar();
+  PulsarIcono(8);
+  PulsarIcono(7);
+  EXPECT_EQ(gral->ArchivoActual, QString()) << "an empty list";
+  for (const char* nombre : {"a", "b"}) {
+    Abrir(Archivo(nombre, nombre));
+  }
+  for (const auto& [icono, esperado] :
+       {std::pair{8, "b"}, {7, "a"}, {7, "a"}, {8, "b"}, {8, "b"}}) {
+    PulsarIcono(icono);
+    EXPECT_EQ(EnCaja(), esperado);
+  }
+  Lista()->clearSelection();
+  PulsarIcono(7);
+  EXPECT_EQ(EnCaja(), "b") << "previous of nothing";
+  PulsarIcono(8);
+  EXPECT_EQ(EnCaja(), "a") << "next of nothing is the first";
+}
+
+TEST_F(Menu, open_asks_from_the_last_folder_and_a_cancel_changes_nothing) {
+  ajustes.valores[QStringLiteral("Inicial/Carpeta")] = "/una/carpeta/";
+  Arrancar();
+  Abrir({});
+  ASSERT_EQ(escritorio.dialogos.abrir.size(), 1U);
+  EXPECT_EQ(escritorio.dialogos.abrir[0].carpeta, QStringLiteral("/una/carpeta/"));
+  EXPECT_EQ(escritorio.dialogos.abrir[0].titulo, QStringLiteral("Abrir archivos..."));
+  const QString a = Archivo("a", "a");
+  Abrir(a);
+  Abrir({});
+  EXPECT_EQ(gral->ArchivoActual, a);
+  EXPECT_EQ(escritorio.dialogos.abrir[2].carpeta, carpeta.path() + u'/');
+}
+
+TEST_F(Menu, open_waits_while_a_new_text_is_under_way) {
+  Arrancar();
+  PulsarIcono(1);
+  Abrir(Archivo("a", "a"));
+  EXPECT_TRUE(escritorio.dialogos.abrir.empty());
+  EXPECT_EQ(Total(), QStringLiteral("00"));
+}
+
+TEST_F(Menu, help_is_the_compiled_file_or_else_the_page) {
+  Arrancar();
+  gral->RutaPrograma = carpeta.path() + u'/';
+  PulsarIcono(9);
+  Archivo("Ayuda.chm", {});
+  PulsarIcono(9);
+  EXPECT_EQ(escritorio.abridor.abiertos, (QStringList{Ruta("Ayuda/Ayuda.htm"), Ruta("Ayuda.chm")}));
+}
+
+TEST_F(Menu, numbers_without_a_command_do_nothing) {
+  Arrancar();
+  PulsarIcono(-1);
+  PulsarIcono(10);
+  EXPECT_TRUE(escritorio.dialogos.abrir.empty());
+}
+
+}  // namespace
