@@ -3,6 +3,7 @@
 #include <QToolButton>
 
 #include "platform/dibujos.h"
+#include "text_window/panel_favoritas.h"
 #include "text_window/panel_guardar.h"
 #include "text_window/titulos.h"
 
@@ -43,6 +44,7 @@ void FrmTexto::CrearControles() {
   connect(FraGuardar_->CmdGuardar, &QToolButton::clicked, this, &FrmTexto::CmdGuardar_Click);
   connect(FraGuardar_->CmdCancelar, &QToolButton::clicked, this, &FrmTexto::CmdCancelar_Click);
   CrearOpciones();
+  CrearFavoritas();
 }
 
 void FrmTexto::Form_Load() {
@@ -86,6 +88,8 @@ void FrmTexto::Form_Activate() {
     MostrarTextoNuevo();
   } else if (gral_.VerOpciones) {
     MostrarOpciones();
+  } else if (gral_.VerFavoritas) {
+    FraFavoritas_->GestionarFavoritas();
   } else if (gral_.ArchivoActual == ArchivoNinguno) {
     QuedarSinArchivo();
   } else if (gral_.ArchivoActual != gral_.ArchivoCargado) {

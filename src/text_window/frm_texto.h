@@ -8,6 +8,7 @@
 #include "text_box/caja_texto.h"
 #include "text_window/aspecto.h"
 
+class FraFavoritas;
 class FraGuardar;
 class FraOpciones;
 
@@ -32,7 +33,8 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   void CmdFColor_Click();
   void ChkAjustar_Click();  // shows the box that wraps, or the one that does not
   void ChkConfirmar_Click();
-  void CmdCerrar_Click();  // closes the options panel and stores what it shows
+  void CmdFavoritas_Click();  // from the options panel to the favourites manager
+  void CmdCerrar_Click();     // closes the options panel and stores what it shows
   const Documento& ElDocumento() const { return documento_; }
 
  private:
@@ -40,6 +42,7 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   RectTwips LeerRectangulo();
 
   void CrearOpciones();
+  void CrearFavoritas();
   void LeerOpciones();
   void MostrarOpciones();
   void CerrarPaneles();
@@ -67,6 +70,7 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   CajaTexto* TextBox[2] = {};  // 0 wraps, 1 does not; children of the window
   FraGuardar* FraGuardar_ = nullptr;
   FraOpciones* FraOpciones_ = nullptr;
+  FraFavoritas* FraFavoritas_ = nullptr;
   Aspecto aspecto_;
   NumeroColor color_dialogo_ = NumeroNegro;  // what the font and colour dialogs held last
 };

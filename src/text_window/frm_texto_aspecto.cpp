@@ -1,5 +1,6 @@
 // The appearance of the text window, and its options panel.
 #include "text_window/frm_texto.h"
+#include "text_window/panel_favoritas.h"
 #include "text_window/panel_guardar.h"
 #include "text_window/panel_opciones.h"
 
@@ -22,7 +23,13 @@ void FrmTexto::CrearOpciones() {
   connect(panel.CmdFColor, &QToolButton::clicked, this, &FrmTexto::CmdFColor_Click);
   connect(panel.ChkConfirmar, &QCheckBox::toggled, this, &FrmTexto::ChkConfirmar_Click);
   connect(panel.ChkAjustar, &QCheckBox::toggled, this, &FrmTexto::ChkAjustar_Click);
+  connect(panel.CmdFavoritas, &QToolButton::clicked, this, &FrmTexto::CmdFavoritas_Click);
   connect(panel.CmdCerrar, &QPushButton::clicked, this, &FrmTexto::CmdCerrar_Click);
+}
+
+void FrmTexto::CrearFavoritas() {
+  FraFavoritas_ = new FraFavoritas(gral_, escritorio_.unidades, this);
+  connect(FraFavoritas_, &FraFavoritas::Cerrado, this, [this] { CajaVisible().setFocus(); });
 }
 
 void FrmTexto::LeerOpciones() {
@@ -44,6 +51,7 @@ void FrmTexto::PonerFuenteYTexto() {
     caja->PonerColores(texto, aspecto_.ColorFondo(palette()));
   }
   Pintar(*FraOpciones_, QPalette::WindowText, texto);
+  Pintar(*FraFavoritas_, QPalette::WindowText, texto);
 }
 
 void FrmTexto::PonerFondo() {
@@ -52,6 +60,7 @@ void FrmTexto::PonerFondo() {
     caja->PonerColores(aspecto_.ColorTexto(palette()), fondo);
   }
   Pintar(*FraOpciones_, QPalette::Window, fondo);
+  Pintar(*FraFavoritas_, QPalette::Window, fondo);
   Pintar(*FraGuardar_, QPalette::Window, fondo);
 }
 
@@ -62,12 +71,15 @@ void FrmTexto::MostrarOpciones() {
 }
 
 bool FrmTexto::HayPanel() const {
-  return !FraOpciones_->isHidden();
+  return !FraOpciones_->isHidden() || !FraFavoritas_->isHidden();
 }
 
 void FrmTexto::CerrarPaneles() {
   if (!FraOpciones_->isHidden()) {
     CmdCerrar_Click();
+  }
+  if (!FraFavoritas_->isHidden()) {
+    FraFavoritas_->CmdCerrarFav_Click();
   }
 }
 
@@ -112,6 +124,11 @@ void FrmTexto::ChkAjustar_Click() {
 
 void FrmTexto::ChkConfirmar_Click() {
   gral_.Confirmar = FraOpciones_->ChkConfirmar->isChecked();
+}
+
+void FrmTexto::CmdFavoritas_Click() {
+  CmdCerrar_Click();
+  FraFavoritas_->GestionarFavoritas();
 }
 
 void FrmTexto::CmdCerrar_Click() {

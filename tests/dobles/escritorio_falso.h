@@ -74,6 +74,19 @@ struct AspectoFalso : DialogosAspecto {
   std::optional<QColor> color;
 };
 
+// The real folders, on drives of the test's choice.
+struct UnidadesFalsas : UnidadesReales {
+  std::vector<Unidad> Listar() override { return unidades; }
+  ResultadoCon<CarpetaLeida> Leer(const QString& carpeta, Busca que) override {
+    leidas << carpeta;
+    const int fallo = fallos.value(carpeta);
+    return fallo == 0 ? UnidadesReales::Leer(carpeta, que) : Resultado::Fallo(fallo);
+  }
+  std::vector<Unidad> unidades{{QStringLiteral("Sistema"), QStringLiteral("/")}};
+  QHash<QString, int> fallos;  // folder -> errno
+  QStringList leidas;
+};
+
 struct EscritorioFalso {
   Activacion activacion;
   EncimaFalsa encima;
@@ -82,7 +95,8 @@ struct EscritorioFalso {
   AbridorFalso abridor;
   PapeleraFalsa papelera;
   AspectoFalso aspecto;
+  UnidadesFalsas unidades;
   Escritorio Servicios() {
-    return {activacion, encima, dialogos, mensajes, abridor, papelera, aspecto};
+    return {activacion, encima, dialogos, mensajes, abridor, papelera, aspecto, unidades};
   }
 };

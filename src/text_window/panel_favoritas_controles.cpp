@@ -1,0 +1,119 @@
+// The controls of the favourites manager.
+#include "platform/controles.h"
+#include "platform/dibujos.h"
+#include "platform/fuentes.h"
+#include "text_window/panel_favoritas.h"
+
+namespace {
+
+constexpr RectTwips RectPanel{40, 40, 4410, 4455};
+constexpr RectTwips RectEstados{2280, 600, 1935, 615};
+constexpr int MargenEstado = 60;  // from the border to the lines, on either side
+constexpr int AltoEstado = 165;   // twips
+constexpr qreal PuntosEstado = 6.75;
+constexpr qreal PuntosTituloLista = 8.25;
+constexpr QColor CianClaro(128, 255, 255);
+constexpr int LadoDibujo = 48;  // pixels
+
+struct Etiqueta {
+  QString texto;
+  RectTwips rect;
+};
+
+QLabel* NuevaEtiqueta(QWidget* padre, const QString& nombre, int indice, const RectTwips& rect) {
+  auto* etiqueta = new QLabel(padre);
+  Colocar(*etiqueta, QStringLiteral("%1(%2)").arg(nombre).arg(indice), rect);
+  etiqueta->setTextFormat(Qt::PlainText);
+  return etiqueta;
+}
+
+void PonerNegrita(QWidget& control, const QString& familia, qreal puntos) {
+  QFont fuente = FuenteDe(familia, puntos);
+  fuente.setBold(true);
+  control.setFont(fuente);
+}
+
+QCursor Flecha() {
+  return Puntero(QStringLiteral("puntero_flecha"), 0, 0);
+}
+
+QToolButton* Boton(QWidget* padre, const QString& nombre, const RectTwips& rect,
+                   const QString& dibujo, const QString& ayuda) {
+  auto* boton = new QToolButton(padre);
+  Colocar(*boton, nombre, rect);
+  boton->setIcon(Icono(dibujo));
+  boton->setIconSize({LadoDibujo, LadoDibujo});
+  boton->setToolTip(ayuda);
+  boton->setAccessibleName(ayuda);
+  boton->setFocusPolicy(Qt::StrongFocus);
+  boton->setCursor(Flecha());
+  return boton;
+}
+
+}  // namespace
+
+FraFavoritas::FraFavoritas(ModGral& gral, Unidades& unidades, QWidget* padre)
+    : MarcoTitulado(padre, QStringLiteral("FraFavoritas"), QStringLiteral("Carpetas Favoritas:"),
+                    RectPanel),
+      gral_(gral) {
+  CrearEtiquetas();
+  DrvUnidad = new ListaUnidades(unidades, this);  // in the order in which Tab walks through them
+  DirCarpeta = new ListaCarpetas(unidades, this);
+  CmdAnhadir = Boton(this, QStringLiteral("CmdAnhadir"), {3360, 1560, 945, 855},
+                     QStringLiteral("anadir"), QStringLiteral("Añadir carpeta"));
+  LstFav = new QListWidget(this);
+  CmdQuitar = Boton(this, QStringLiteral("CmdQuitar"), {3360, 3240, 945, 855},
+                    QStringLiteral("quitar"), QStringLiteral("Quitar carpeta seleccionada"));
+  CmdCerrarFav = new QPushButton(QStringLiteral("Cerrar"), this);
+  DisponerListas();
+  DisponerCerrar();
+  connect(DrvUnidad, &ListaUnidades::Cambiada, this, &FraFavoritas::DrvUnidad_Change);
+  connect(DirCarpeta, &ListaCarpetas::NoAbierta, this, &FraFavoritas::AvisarNoAbierta);
+  connect(CmdAnhadir, &QToolButton::clicked, this, &FraFavoritas::CmdAnhadir_Click);
+  connect(CmdQuitar, &QToolButton::clicked, this, &FraFavoritas::CmdQuitar_Click);
+  connect(CmdCerrarFav, &QPushButton::clicked, this, &FraFavoritas::CmdCerrarFav_Click);
+}
+
+void FraFavoritas::CrearEtiquetas() {
+  const std::array<Etiqueta, 3> textos{{
+      {QStringLiteral("1. Seleccione unidad de disco..."), {120, 300, 2280, 195}},
+      {QStringLiteral("2. Seleccione carpeta..."), {120, 1005, 1695, 195}},
+      {QStringLiteral("Lista de las carpetas favoritas:"), {360, 2880, 2640, 195}},
+  }};
+  for (int i = 0; i < 3; ++i) {
+    LblInfoFav[i] = NuevaEtiqueta(this, QStringLiteral("LblInfoFav"), i, textos[i].rect);
+    LblInfoFav[i]->setText(textos[i].texto);
+  }
+  PonerNegrita(*LblInfoFav[2], FuenteControles, PuntosTituloLista);
+  Shape1 = new QFrame(this);
+  Colocar(*Shape1, QStringLiteral("Shape1"), RectEstados);
+  Shape1->setFrameStyle(QFrame::Box | QFrame::Plain);
+  const std::array altos{660, 820, 1000};
+  for (int i = 0; i < 3; ++i) {
+    LblEstado[i] = NuevaEtiqueta(this, QStringLiteral("LblEstado"), i,
+                                 {RectEstados.izquierda + MargenEstado, altos[i],
+                                  RectEstados.ancho - 2 * MargenEstado, AltoEstado});
+    PonerNegrita(*LblEstado[i], QStringLiteral("Small Fonts"), PuntosEstado);
+  }
+}
+
+void FraFavoritas::DisponerListas() const {
+  Colocar(*DrvUnidad, QStringLiteral("DrvUnidad"), {120, 600, 1815, 315});
+  Colocar(*DirCarpeta, QStringLiteral("DirCarpeta"), {120, 1320, 3135, 1440});
+  Colocar(*LstFav, QStringLiteral("LstFav"), {120, 3120, 3135, 1230});
+  DrvUnidad->setAccessibleName(QStringLiteral("Unidad de disco"));
+  DrvUnidad->setAccessibleDescription(QStringLiteral("Unidad de disco"));
+  DirCarpeta->setAccessibleName(QStringLiteral("Carpetas"));
+  LstFav->setAccessibleName(QStringLiteral("Carpetas favoritas"));
+  DrvUnidad->setCursor(Flecha());
+  DirCarpeta->setCursor(Flecha());
+  LstFav->setTextElideMode(Qt::ElideNone);
+}
+
+void FraFavoritas::DisponerCerrar() const {
+  Colocar(*CmdCerrarFav, QStringLiteral("CmdCerrarFav"), {3720, 180, 615, 255});
+  CmdCerrarFav->setCursor(Flecha());
+  QPalette paleta;
+  paleta.setColor(QPalette::Button, CianClaro);
+  CmdCerrarFav->setPalette(paleta);
+}
