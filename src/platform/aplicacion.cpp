@@ -16,6 +16,11 @@ constexpr qreal PuntosControles = 8.25;
 QPalette PaletaClara() {
   QPalette paleta(QColor(0xf0, 0xf0, 0xf0));
   paleta.setColor(QPalette::Base, Qt::white);
+  paleta.setColor(QPalette::Light, Qt::white);
+  paleta.setColor(QPalette::Midlight, QColor(0xe4, 0xe7, 0xea));
+  paleta.setColor(QPalette::Mid, QColor(0xc4, 0xc9, 0xce));
+  paleta.setColor(QPalette::Dark, QColor(0xa6, 0xad, 0xb4));
+  paleta.setColor(QPalette::Shadow, QColor(0x7d, 0x85, 0x8d));  // edges: no black
   paleta.setColor(QPalette::AlternateBase, QColor(0xf5, 0xf7, 0xfa));
   paleta.setColor(QPalette::Highlight, QColor(0x26, 0x5f, 0xb3));
   paleta.setColor(QPalette::HighlightedText, Qt::white);
