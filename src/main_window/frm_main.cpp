@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPainter>
 
+#include "about_window/frm_autor.h"
 #include "main_window/vista_lista.h"
 #include "platform/controles.h"
 #include "platform/dibujos.h"

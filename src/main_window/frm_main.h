@@ -11,6 +11,7 @@
 #include "platform/ventana.h"
 #include "shared/mod_gral.h"
 
+class FrmAutor;
 class FrmTexto;
 class Imagen;
 class QLabel;
@@ -62,6 +63,8 @@ class FrmMain : public Ventana {
   void ComandoAbrir();
   void ComandoNuevo();
   void ComandoOpciones();
+  void ComandoBorrar();
+  void ComandoInformacion();
   void ComandoSVisible();
   void ComandoAnterior();
   void ComandoSiguiente();
@@ -69,6 +72,8 @@ class FrmMain : public Ventana {
   void SinEfecto() {}
 
   PeticionArchivo Peticion(const QString& titulo) const;
+  void EnviarPapelera(const QString& ruta);
+  void AutorCerrado();
   void GuardarTextoNuevo();
   void VolverALaLista();
   void Seleccionar(int indice);
@@ -81,6 +86,7 @@ class FrmMain : public Ventana {
   Escritorio escritorio_;
   ListaArchivos lista_;
   std::unique_ptr<FrmTexto> texto_;
+  std::unique_ptr<FrmAutor> autor_;
   QString CarpetaActual;
   bool ActivarVisible = false;  // the next "S.Visible" puts the window above all others
   int IconoActual = 0;          // the icon whose highlight was shown last

@@ -1,0 +1,18 @@
+#include "platform/boton_dibujo.h"
+
+#include "platform/controles.h"
+#include "platform/dibujos.h"
+
+QToolButton* CrearBoton(QWidget* padre, const AspectoBoton& aspecto) {
+  auto* boton = new QToolButton(padre);
+  Colocar(*boton, aspecto.nombre, aspecto.rect);
+  boton->setIcon(Icono(aspecto.dibujo));
+  boton->setIconSize(aspecto.tamano);
+  boton->setAccessibleName(aspecto.accesible);
+  boton->setCursor(Puntero(QStringLiteral("puntero_mano"), 0, 0));
+  boton->setFocusPolicy(Qt::StrongFocus);
+  QPalette colores = boton->palette();
+  colores.setColor(QPalette::Button, aspecto.fondo);
+  boton->setPalette(colores);
+  return boton;
+}

@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+#include "about_window/direcciones.h"
+#include "about_window/frm_autor.h"
+#include "dobles/escritorio_falso.h"
+
+namespace {
+
+const QString Fondo = QStringLiteral("Información sobre el programa...");
+const QString Web = QStringLiteral("Visitar WEB del programa...");
+const QString Correo = QStringLiteral("Enviar e-mail al autor...");
+
+class Autor : public testing::Test {
+ protected:
+  void SetUp() override {
+    ventana.Mostrar();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ventana.isActiveWindow(); }));
+  }
+  QToolButton* Boton(int indice) {
+    return ventana.findChild<QToolButton*>(QStringLiteral("CmdAutor(%1)").arg(indice));
+  }
+  QWidget* Foco() { return ventana.findChild<QPushButton*>(QStringLiteral("CmdFoco")); }
+
+  EscritorioFalso escritorio;
+  FrmAutor ventana{escritorio.Servicios()};
+};
+
+TEST_F(Autor, opens_with_its_caption_and_the_focus_out_of_sight) {
+  EXPECT_EQ(ventana.Titulo(), Fondo);
+  EXPECT_EQ(ventana.size(), QSize(250, 149));
+  EXPECT_TRUE(Foco()->hasFocus());
+  EXPECT_EQ(ventana.childAt(Foco()->geometry().center()), Boton(0));
+  EXPECT_TRUE(Boton(0)->geometry().contains(Foco()->geometry()));
+  auto* version = ventana.findChild<QLabel*>(QStringLiteral("LblVer"));
+  EXPECT_EQ(version->text(), QStringLiteral("1.1"));
+  EXPECT_GE(version->width(), version->sizeHint().width());
+}
+
+TEST_F(Autor, the_caption_names_what_is_under_the_mouse) {
+  struct Paso {
+    QPoint donde;
+    QString titulo;
+  };
+  const QPoint fuera(5, 5);
+  for (const Paso& paso : {Paso{Boton(0)->geometry().center(), Web}, Paso{fuera, Fondo},
+                           Paso{Boton(1)->geometry().center(), Correo},
+                           Paso{Boton(0)->geometry().center(), Web}, Paso{fuera, Fondo}}) {
+    QTest::mouseMove(ventana.windowHandle(), paso.donde);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ventana.Titulo() == paso.titulo; }))
+        << ventana.Titulo().toStdString();
+  }
+}
+
+TEST_F(Autor, a_caption_that_begins_alike_is_left_as_it_is) {
+  ventana.PonerTitulo(QStringLiteral("Vi"));
+  ventana.CmdAutor_MouseMove(0);
+  EXPECT_EQ(ventana.Titulo(), QStringLiteral("Vi"));
+  ventana.Form_MouseMove();
+  EXPECT_EQ(ventana.Titulo(), Fondo);
+}
+
+TEST_F(Autor, a_click_opens_the_address_of_the_tooltip_and_gives_up_the_focus) {
+  EXPECT_EQ(Boton(0)->toolTip(), PaginaWeb);
+  EXPECT_EQ(Boton(1)->toolTip(), CorreoAutor);
+  for (int i = 0; i < FrmAutor::Enlaces; ++i) {
+    QTest::mouseClick(Boton(i), Qt::LeftButton);
+    EXPECT_TRUE(Foco()->hasFocus());
+  }
+  EXPECT_EQ(escritorio.abridor.abiertos,
+            (QStringList{PaginaWeb, QStringLiteral("mailto:") + CorreoAutor}));
+}
+
+}  // namespace

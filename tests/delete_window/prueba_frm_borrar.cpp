@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QRegularExpression>
+#include <QTest>
+#include <QToolButton>
+
+#include "delete_window/frm_borrar.h"
+#include "delete_window/texto_ayuda.h"
+#include "dobles/escritorio_falso.h"
+#include "text_box/caja_texto.h"
+
+namespace {
+
+const QString TituloArchivo = QStringLiteral("Eliminar: /un/ñ [*].txt");
+const QString TituloAyuda = QStringLiteral("PULSE «ESC» PARA CERRAR LA AYUDA");
+
+class Borrado : public testing::Test {
+ protected:
+  void SetUp() override {
+    principal.PonerRectangulo({1000, 2000, 3000, 4000});
+    gral.ArchivoActual = QStringLiteral("/un/ñ [*].txt");
+    gral.Confirmar = true;
+    gral.AccionBorrar = AccionNada;
+    ventana.Mostrar();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ventana.isActiveWindow(); }));
+  }
+  QToolButton* Boton(int indice) {
+    return ventana.findChild<QToolButton*>(QStringLiteral("CmdBorrar(%1)").arg(indice));
+  }
+  QCheckBox* Casilla() { return ventana.findChild<QCheckBox*>(); }
+  CajaTexto* Ayuda() { return ventana.findChild<CajaTexto*>(); }
+
+  AccesoPerfilArchivo ajustes;
+  ModGral gral{ajustes};
+  EscritorioFalso escritorio;
+  Ventana principal{escritorio.activacion, Ventana::Marco::Fijo};
+  FrmBorrar ventana{gral, escritorio.Servicios(), principal};
+};
+
+TEST_F(Borrado, opens_beside_the_main_window_naming_the_file) {
+  EXPECT_EQ(ventana.Rectangulo().izquierda, 4030);
+  EXPECT_EQ(ventana.Rectangulo().arriba, 3000);
+  EXPECT_EQ(ventana.size(), QSize(297, 150));
+  EXPECT_EQ(ventana.Titulo(), TituloArchivo);
+  EXPECT_TRUE(Casilla()->hasFocus());
+  EXPECT_FALSE(Casilla()->isChecked());
+  EXPECT_FALSE(Ayuda()->isVisible());
+  EXPECT_EQ(escritorio.encima.puestas, std::vector<bool>{false}) << "never above all others";
+}
+
+TEST_F(Borrado, no_label_is_clipped_or_touches_a_neighbour) {
+  const auto etiquetas = ventana.findChildren<QLabel*>();
+  ASSERT_EQ(etiquetas.size(), FrmBorrar::Etiquetas);
+  for (const QLabel* etiqueta : etiquetas) {
+    EXPECT_GE(etiqueta->width(), etiqueta->sizeHint().width()) << etiqueta->text().toStdString();
+    EXPECT_GE(etiqueta->height(), etiqueta->sizeHint().height());
+    EXPECT_TRUE(ventana.rect().contains(etiqueta->geometry()));
+    for (int i = 0; i < FrmBorrar::Botones; ++i) {
+      EXPECT_FALSE(Boton(i)->geometry().intersects(etiqueta->geometry()))
+          << etiqueta->text().toStdString();
+    }
+  }
+}
+
+TEST_F(Borrado, the_two_choices_hide_it_and_closing_it_is_the_third) {
+  for (const int eleccion : {0, 1}) {
+    QTest::mouseClick(Boton(eleccion), Qt::LeftButton);
+    EXPECT_EQ(gral.AccionBorrar, eleccion);
+    EXPECT_FALSE(ventana.isVisible());
+    ventana.Mostrar();
+    EXPECT_EQ(gral.AccionBorrar, eleccion) << "hidden, not unloaded";
+  }
+  ventana.windowHandle()->close();
+  EXPECT_EQ(gral.AccionBorrar, 2);
+}
+
+TEST_F(Borrado, esc_closes_the_help_but_never_the_window) {
+  gral.AccionBorrar = AccionQuitar;
+  QTest::mouseClick(Boton(2), Qt::LeftButton);
+  EXPECT_EQ(gral.AccionBorrar, 2);
+  EXPECT_EQ(ventana.Titulo(), TituloAyuda);
+  EXPECT_TRUE(Ayuda()->hasFocus());
+  EXPECT_TRUE(Ayuda()->geometry().contains(ventana.rect()));
+  for (const auto tecla : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Space, Qt::Key_A, Qt::Key_Return,
+                           Qt::Key_Delete, Qt::Key_Down}) {
+    QTest::keyClick(ventana.windowHandle(), tecla);
+    EXPECT_TRUE(Ayuda()->hasFocus()) << tecla;
+  }
+  EXPECT_EQ(Ayuda()->Texto().Tamano(), TextoAyuda.size()) << "read-only";
+  QTest::keyClick(ventana.windowHandle(), Qt::Key_Escape);
+  EXPECT_FALSE(Ayuda()->isVisible());
+  EXPECT_EQ(ventana.Titulo(), TituloArchivo);
+  EXPECT_TRUE(Casilla()->hasFocus());
+  QTest::keyClick(ventana.windowHandle(), Qt::Key_Escape);
+  EXPECT_TRUE(ventana.Visible());
+}
+
+TEST_F(Borrado, enter_presses_nothing_and_the_space_bar_what_has_the_focus) {
+  for (QWidget* control : {static_cast<QWidget*>(Casilla()), static_cast<QWidget*>(Boton(0))}) {
+    control->setFocus();
+    QTest::keyClick(ventana.windowHandle(), Qt::Key_Return);
+    QTest::keyClick(ventana.windowHandle(), Qt::Key_Enter);
+  }
+  EXPECT_TRUE(ventana.Visible());
+  EXPECT_TRUE(gral.Confirmar);
+  Casilla()->setFocus();
+  for (QWidget* control : {Boton(0), Boton(1), Boton(2), Boton(0)}) {
+    QTest::keyClick(ventana.windowHandle(), Qt::Key_Tab);
+    if (control == Boton(0) && Casilla()->hasFocus()) {  // once round
+      QTest::keyClick(ventana.windowHandle(), Qt::Key_Tab);
+    }
+    EXPECT_TRUE(control->hasFocus());
+  }
+  QTest::keyClick(ventana.windowHandle(), Qt::Key_Space);
+  EXPECT_FALSE(ventana.Visible());
+}
+
+TEST_F(Borrado, the_check_box_turns_the_question_off_and_on_at_once) {
+  QTest::keyClick(ventana.windowHandle(), Qt::Key_Space);
+  EXPECT_FALSE(gral.Confirmar);
+  QTest::mouseClick(Casilla(), Qt::LeftButton, {}, {5, 5});
+  EXPECT_TRUE(gral.Confirmar);
+}
+
+TEST(TextoDeAyuda, has_its_length_and_its_lines) {
+  EXPECT_EQ(TextoAyuda.size(), 1407);
+  const QStringList lineas = TextoAyuda.split(QStringLiteral("\r\n"));
+  ASSERT_EQ(lineas.size(), 13);
+  EXPECT_TRUE(lineas[0].startsWith(QStringLiteral("     SI DECIDE")));
+  EXPECT_EQ(lineas[1], QStringLiteral("  ") + QString(86, u'-'));
+  for (const int vacia : {2, 4, 6, 8, 10, 12}) {
+    EXPECT_EQ(lineas[vacia], QString());
+  }
+  EXPECT_FALSE(lineas.join(QString()).contains(QRegularExpression(QStringLiteral("[\r\n\t?]"))));
+}
+
+}  // namespace

@@ -1,0 +1,152 @@
+#include <functional>
+
+#include <QCheckBox>
+
+#include "about_window/frm_autor.h"
+#include "delete_window/frm_borrar.h"
+#include "programa.h"
+
+namespace {
+
+using Paso = std::function<void(FrmBorrar&)>;
+
+class Borrar : public Programa {
+ protected:
+  void SetUp() override {
+    // A program that ended earlier in this process would end every loop of this one at once.
+    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+    QCoreApplication::exec();
+    Arrancar();
+  }
+  void AbrirTres() {
+    for (const char* nombre : {"a", "c", "b"}) {
+      Abrir(Archivo(nombre, nombre));
+    }
+  }
+  // Runs the command; `paso` happens while the confirmation is open. False: it never was.
+  bool Confirmando(const Paso& paso) {
+    bool abierta = false;
+    QObject mientras;
+    QTimer::singleShot(0, &mientras, [&] {
+      auto* confirmacion = qobject_cast<FrmBorrar*>(QApplication::activeModalWidget());
+      ASSERT_NE(confirmacion, nullptr);
+      abierta = true;
+      EXPECT_EQ(escritorio.activacion.Activa(), confirmacion);
+      paso(*confirmacion);
+      if (confirmacion->Visible()) {
+        confirmacion->Cerrar();
+      }
+    });
+    principal->ImgMenu_Click(2);
+    return abierta;
+  }
+};
+
+const Paso Cerrando = [](FrmBorrar& confirmacion) { confirmacion.windowHandle()->close(); };
+const Paso Enviando = [](FrmBorrar& confirmacion) { confirmacion.CmdBorrar_Click(0); };
+const Paso Quitando = [](FrmBorrar& confirmacion) { confirmacion.CmdBorrar_Click(1); };
+const Paso LeyendoYCerrando = [](FrmBorrar& confirmacion) { confirmacion.CmdBorrar_Click(2); };
+
+TEST_F(Borrar, each_choice_does_what_it_says) {
+  AbrirTres();
+  struct Caso {
+    Paso paso;
+    QString enviada;
+    QStringList quedan;
+    QString actual;
+  };
+  const QString a = QStringLiteral("a");
+  const QString b = QStringLiteral("b");
+  const QString c = QStringLiteral("c");
+  for (const Caso& caso :
+       {Caso{Cerrando, {}, {a, b, c}, b}, Caso{LeyendoYCerrando, {}, {a, b, c}, b},
+        Caso{Quitando, {}, {a, c}, a}, Caso{Enviando, Ruta("a"), {c}, c}}) {
+    EXPECT_TRUE(Confirmando(caso.paso));
+    EXPECT_EQ(escritorio.papelera.enviadas.value(0), caso.enviada);
+    EXPECT_EQ(Entradas(), caso.quedan);
+    EXPECT_EQ(gral->ArchivoActual, carpeta.filePath(caso.actual));
+    EXPECT_EQ(EnCaja(), caso.actual.toLatin1()) << "the text window follows";
+    EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
+    EXPECT_EQ(gral->AccionBorrar, AccionNada);
+  }
+  EXPECT_EQ(EnDisco("b"), "b") << "only off the list";
+}
+
+TEST_F(Borrar, without_the_question_the_file_goes_at_once_and_the_last_one_leaves_nothing) {
+  gral->Confirmar = false;
+  Abrir(Archivo("ñ con blancos", "x"));
+  EXPECT_FALSE(Confirmando(Cerrando));
+  EXPECT_EQ(escritorio.papelera.enviadas, QStringList(Ruta("ñ con blancos")));
+  EXPECT_EQ(Entradas(), QStringList());
+  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ?"));
+}
+
+TEST_F(Borrar, ticking_the_box_turns_the_question_off_for_the_next) {
+  AbrirTres();
+  for (const bool pregunta : {true, false}) {
+    EXPECT_EQ(Confirmando([](FrmBorrar& confirmacion) {
+                confirmacion.findChild<QCheckBox*>()->setChecked(true);
+                confirmacion.CmdBorrar_Click(1);
+              }),
+              pregunta);
+  }
+  EXPECT_EQ(escritorio.papelera.enviadas, QStringList(Ruta("a")));
+  principal->Cerrar();
+  EXPECT_EQ(ajustes.valores[QStringLiteral("Opciones/Confirmar")].trimmed(), "No");
+}
+
+TEST_F(Borrar, nothing_selected_is_refused_and_a_new_text_waits) {
+  EXPECT_FALSE(Confirmando(Enviando));
+  AbrirTres();
+  Lista()->clearSelection();
+  EXPECT_FALSE(Confirmando(Enviando));
+  EXPECT_EQ(escritorio.mensajes.textos, (QStringList{QStringLiteral("NO HAY ARCHIVOS ABIERTOS"),
+                                                     QStringLiteral("Seleccione el archivo a "
+                                                                    "eliminar")}));
+  EXPECT_EQ(escritorio.mensajes.titulos[1], QStringLiteral("IMPOSIBLE ELIMINAR"));
+  Lista()->Seleccionar(0);
+  principal->ImgMenu_Click(1);
+  EXPECT_FALSE(Confirmando(Enviando));
+  EXPECT_EQ(escritorio.mensajes.textos.size(), 2);
+  EXPECT_EQ(Entradas().size(), 3);
+}
+
+TEST_F(Borrar, a_file_is_erased_for_good_only_when_the_user_says_so) {
+  AbrirTres();
+  gral->Confirmar = false;
+  struct Caso {
+    Envio envio;
+    bool respuesta;
+    int preguntas;
+    QStringList eliminadas;
+  };
+  for (const Caso& caso : {Caso{Envio::SinPapelera, false, 1, {}}, Caso{Envio::Fallo, true, 1, {}},
+                           Caso{Envio::SinPapelera, true, 2, {Ruta("c")}}}) {
+    escritorio.papelera.respuesta = caso.envio;
+    escritorio.mensajes.respuesta = caso.respuesta;
+    principal->ImgMenu_Click(2);
+    EXPECT_EQ(escritorio.mensajes.textos.size(), caso.preguntas);
+    EXPECT_EQ(escritorio.papelera.eliminadas, caso.eliminadas);
+  }
+  EXPECT_TRUE(escritorio.mensajes.textos[0].contains(Ruta("b")));
+  EXPECT_EQ(Entradas(), QStringList()) << "the entries leave in every case";
+}
+
+TEST_F(Borrar, the_about_window_is_one_and_opens_anew_after_it_was_closed) {
+  principal->ImgMenu_Click(1);  // also while a new text is under way
+  principal->ImgMenu_Click(3);
+  auto* autor = qobject_cast<FrmAutor*>(escritorio.activacion.Activa());
+  ASSERT_NE(autor, nullptr);
+  autor->CmdAutor_MouseMove(1);
+  principal->DarFoco();
+  principal->ImgMenu_Click(3);
+  EXPECT_EQ(escritorio.activacion.Activa(), autor) << "brought forward";
+  EXPECT_TRUE(autor->Titulo().startsWith(u"En"));
+  autor->windowHandle()->close();
+  EXPECT_TRUE(principal->Visible());
+  principal->ImgMenu_Click(3);
+  EXPECT_EQ(escritorio.activacion.Activa()->Titulo(),
+            QStringLiteral("Información sobre el programa..."));
+}
+
+}  // namespace
