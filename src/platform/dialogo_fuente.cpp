@@ -96,6 +96,7 @@ void DialogoFuente::PrepararListas() {
   connect(campos[Tamano], &QLineEdit::textEdited, this, [this] { tamano_elegido_ = true; });
   listas[Estilo]->setItemDelegate(new EnEspanol(listas[Estilo]));
   estilo_ = campos[Estilo];
+  tamano_ = campos[Tamano];
   connect(estilo_, &QLineEdit::textChanged, this, &DialogoFuente::Traducir);
   connect(this, &QFontDialog::currentFontChanged, this, &DialogoFuente::Traducir);
   Traducir();
@@ -148,8 +149,9 @@ EleccionFuente DialogoFuente::Elegida() const {
   if (familia_elegida_ || fuente.family() != inicial_.family()) {
     elegida.fuente.nombre = fuente.family();
   }
-  if ((tamano_elegido_ || fuente.pointSize() != inicial_.pointSize()) && fuente.pointSize() > 0) {
-    elegida.fuente.puntos = fuente.pointSize();
+  const int puntos = tamano_ != nullptr ? tamano_->text().toInt() : fuente.pointSize();
+  if (puntos > 0 && (tamano_elegido_ || puntos != inicial_.pointSize())) {
+    elegida.fuente.puntos = puntos;
   }
   if (fuente.bold() != inicial_.bold() || fuente.italic() != inicial_.italic()) {
     elegida.fuente.negrita = fuente.bold();

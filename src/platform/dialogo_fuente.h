@@ -30,5 +30,6 @@ class DialogoFuente : public QFontDialog {
   bool tamano_elegido_ = false;
   QColor color_;
   QLineEdit* estilo_ = nullptr;
+  QLineEdit* tamano_ = nullptr;
   QPushButton* boton_color_ = nullptr;
 };

@@ -22,6 +22,20 @@ MarcoTitulado::MarcoTitulado(QWidget* padre, const QString& nombre, const QStrin
   hide();
 }
 
+bool MarcoTitulado::focusNextPrevChild(bool siguiente) {
+  QWidgetList vuelta = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+  vuelta.removeIf([](const QWidget* control) {
+    return control->isHidden() || (control->focusPolicy() & Qt::TabFocus) == 0;
+  });
+  if (vuelta.isEmpty()) {
+    return false;
+  }
+  const qsizetype pasos = siguiente ? 1 : vuelta.size() - 1;
+  QWidget* destino = vuelta[(vuelta.indexOf(focusWidget()) + pasos) % vuelta.size()];
+  destino->setFocus(siguiente ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
+}
+
 void MarcoTitulado::paintEvent(QPaintEvent* /*evento*/) {
   QStylePainter pintor(this);
   pintor.setFont(fuente_titulo_);

@@ -16,6 +16,7 @@ class MarcoTitulado : public QFrame {
                 const RectTwips& rect);
 
  protected:
+  bool focusNextPrevChild(bool siguiente) override;  // Tab stays inside, in the order of making
   void paintEvent(QPaintEvent* evento) override;
 
  private:

@@ -1,5 +1,7 @@
 #include "text_window/panel_opciones.h"
 
+#include <array>
+
 #include "platform/controles.h"
 #include "platform/dibujos.h"
 
@@ -40,7 +42,7 @@ FraOpciones::FraOpciones(QWidget* padre)
 }
 
 void FraOpciones::CrearBotones() {
-  const Boton botones[] = {
+  const auto botones = std::to_array<Boton>({
       {&FraOpciones::CmdFuente,
        QStringLiteral("CmdFuente"),
        QStringLiteral("Fuente de letra"),
@@ -56,7 +58,7 @@ void FraOpciones::CrearBotones() {
        QStringLiteral("Selec. Favoritas"),
        QStringLiteral("favoritas"),
        {120, 1440, 1335, 1095}},
-  };
+  });
   for (const Boton& uno : botones) {
     auto* boton = new QToolButton(this);
     Colocar(*boton, uno.nombre, uno.rect);
@@ -71,7 +73,7 @@ void FraOpciones::CrearBotones() {
 }
 
 void FraOpciones::CrearCasillas() {
-  const Casilla casillas[] = {
+  const auto casillas = std::to_array<Casilla>({
       {&FraOpciones::ChkConfirmar,
        QStringLiteral("ChkConfirmar"),
        QStringLiteral("Mostrar\ndiálogo al\neliminar un\narchivo"),
@@ -84,7 +86,7 @@ void FraOpciones::CrearCasillas() {
        QStringLiteral("ChkAjustar"),
        QStringLiteral("Ajustar el texto a la ventana"),
        {120, 3000, 2535, 195}},
-  };
+  });
   for (const Casilla& una : casillas) {
     auto* casilla = new QCheckBox(una.texto, this);
     Colocar(*casilla, una.nombre, una.rect);

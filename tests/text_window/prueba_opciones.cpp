@@ -1,0 +1,234 @@
+#include <gtest/gtest.h>
+#include <memory>
+
+#include <QTest>
+
+#include "dobles/escritorio_falso.h"
+#include "shared/carpeta_de_prueba.h"
+#include "text_window/frm_texto.h"
+#include "text_window/panel_opciones.h"
+
+namespace {
+
+const QString Ini = QStringLiteral("Velda.INI");
+
+class LasOpciones : public testing::Test {
+ protected:
+  void Abrir(const QByteArray& ini = {}) {
+    gral.ArchivoINI = carpeta.Escribir(Ini, ini);
+    texto = std::make_unique<FrmTexto>(gral, escritorio.Servicios(), principal);
+    texto->Mostrar();
+    principal.Mostrar();
+  }
+  void AbrirPanel() {
+    gral.VerOpciones = true;
+    texto->DarFoco();
+  }
+  template <typename Control>
+  Control& El(const char* nombre) const {
+    return *texto->findChild<Control*>(QString::fromLatin1(nombre));
+  }
+  FraOpciones& Panel() const { return El<FraOpciones>("FraOpciones"); }
+  CajaTexto& Caja(int i) const { return El<CajaTexto>(i == 0 ? "TextBox(0)" : "TextBox(1)"); }
+  bool SeVe(const QWidget& control) const { return control.isVisibleTo(texto.get()); }
+
+  // The keys of the settings in the order in which they stand in the file.
+  QStringList Claves() const {
+    QStringList claves;
+    for (const QByteArray& linea : carpeta.Leer(Ini).split('\n')) {
+      claves << QString::fromLatin1(linea.split('=')[0].trimmed());
+    }
+    claves.removeAll(QString());
+    return claves;
+  }
+  QByteArray Valor(QStringView seccion, QStringView clave) {
+    return acceso.LeerCadena(seccion, clave, "(falta)", gral.ArchivoINI).trimmed();
+  }
+  static QColor Letra(const QWidget& control) {
+    return control.palette().color(QPalette::WindowText);
+  }
+  static QColor Fondo(const QWidget& control) { return control.palette().color(QPalette::Window); }
+
+  CarpetaDePrueba carpeta;
+  EscritorioFalso escritorio;
+  AccesoPerfilArchivo acceso;
+  ModGral gral{acceso};
+  Ventana principal{escritorio.activacion, Ventana::Marco::Fijo};
+  std::unique_ptr<FrmTexto> texto;
+};
+
+TEST_F(LasOpciones, a_first_start_wraps_in_black_courier_on_white) {
+  Abrir();
+  EXPECT_TRUE(Panel().ChkAjustar->isChecked());
+  EXPECT_FALSE(Panel().ChkFavoritas->isChecked());
+  EXPECT_TRUE(SeVe(Caja(0)) && !SeVe(Caja(1)));
+  EXPECT_FALSE(SeVe(Panel()));
+  for (int i : {0, 1}) {
+    EXPECT_EQ(Caja(i).Fuente(), FuenteDe(QStringLiteral("Courier"), 9.75));
+    EXPECT_EQ(Caja(i).ColorTexto(), QColor(Qt::black));
+    EXPECT_EQ(Caja(i).ColorFondo(), QColor(Qt::white));
+  }
+  EXPECT_EQ(Fondo(Panel()), QColor(Qt::white));
+  EXPECT_EQ(Letra(*Panel().ChkAjustar), QColor(Qt::black));
+}
+
+TEST_F(LasOpciones, the_stored_appearance_is_there_from_the_start) {
+  Abrir(
+      "[Fuente]\nNombre=Arial\nTama\xF1o=12,5\nCursiva=Si\nColor=16777215\n"
+      "[Fondo]\nColor=0\n[Opciones]\nAjustar=No\nFavoritas=Si\n");
+  EXPECT_TRUE(SeVe(Caja(1)) && !SeVe(Caja(0)));
+  EXPECT_TRUE(Panel().ChkFavoritas->isChecked());
+  EXPECT_EQ(Caja(1).Fuente(), FuenteDe({QStringLiteral("Arial"), 12.5, false, true}));
+  EXPECT_EQ(Caja(1).ColorTexto(), QColor(Qt::white));
+  EXPECT_EQ(Letra(Panel()), QColor(Qt::white));
+  EXPECT_EQ(Fondo(El<QWidget>("FraGuardar")), QColor(Qt::black));
+}
+
+TEST_F(LasOpciones, leaving_for_the_main_window_closes_the_panel_and_stores_eleven_values) {
+  Abrir();
+  for (const bool confirmar : {true, false}) {
+    gral.Confirmar = confirmar;
+    AbrirPanel();
+    EXPECT_TRUE(SeVe(Panel()));
+    EXPECT_EQ(Panel().ChkConfirmar->isChecked(), confirmar);
+    principal.DarFoco();
+    EXPECT_FALSE(SeVe(Panel()));
+    EXPECT_FALSE(gral.VerOpciones);
+    EXPECT_EQ(Valor(u"Opciones", u"Confirmar"), confirmar ? "Si" : "No");
+  }
+  EXPECT_EQ(Claves().join(u' '),
+            QStringLiteral("[Fuente] Nombre Tamaño Negrita Cursiva Subrayada Tachada Color "
+                           "[Fondo] Color [Opciones] Ajustar Favoritas Confirmar"));
+  EXPECT_EQ(Valor(u"Fuente", u"Nombre"), "Courier");
+  EXPECT_EQ(Valor(u"Fuente", u"Tamaño"), "9,75");
+}
+
+TEST_F(LasOpciones, closing_the_window_stores_the_options_before_its_place) {
+  Abrir();
+  AbrirPanel();
+  Panel().ChkAjustar->click();
+  Panel().ChkConfirmar->click();
+  EXPECT_TRUE(gral.Confirmar) << "at once";
+  texto->Cerrar();
+  EXPECT_EQ(Claves().mid(0, 1) + Claves().mid(12, 4),
+            QStringList({QStringLiteral("[Fuente]"), QStringLiteral("Favoritas"),
+                         QStringLiteral("Confirmar"), QStringLiteral("[PosTam]"),
+                         QStringLiteral("TextoEdo")}));
+  EXPECT_EQ(Valor(u"Opciones", u"Ajustar"), "No");
+}
+
+TEST_F(LasOpciones, a_chosen_font_and_background_spread_over_the_window_but_not_its_buttons) {
+  Abrir();
+  AbrirPanel();
+  const QColor boton = Panel().CmdFuente->palette().color(QPalette::Button);
+  const QColor marca = Letra(El<QWidget>("FraGuardar"));
+  const FuenteTexto fuente{QStringLiteral("Letra que falta"), 20, true, false, true, true};
+  escritorio.aspecto.fuente = {fuente, Qt::red};
+  escritorio.aspecto.color = Qt::yellow;
+  Panel().CmdFuente->click();
+  Panel().CmdFColor->click();
+  for (int i : {0, 1}) {
+    EXPECT_EQ(Caja(i).Fuente(), FuenteDe(fuente));
+    EXPECT_EQ(Caja(i).ColorTexto(), QColor(Qt::red));
+    EXPECT_EQ(Caja(i).ColorFondo(), QColor(Qt::yellow));
+  }
+  const QWidget* pintados[] = {&Panel(), Panel().ChkFavoritas, Panel().ChkAjustar,
+                               Panel().ChkConfirmar};
+  for (const QWidget* control : pintados) {
+    EXPECT_EQ(Letra(*control), QColor(Qt::red)) << qPrintable(control->objectName());
+    EXPECT_EQ(Fondo(*control), QColor(Qt::yellow)) << qPrintable(control->objectName());
+  }
+  EXPECT_EQ(Fondo(El<QWidget>("FraGuardar")), QColor(Qt::yellow));
+  EXPECT_EQ(Letra(El<QWidget>("FraGuardar")), marca);
+  EXPECT_EQ(Panel().CmdFuente->palette().color(QPalette::Button), boton);
+  EXPECT_EQ(Panel().CmdFuente->palette().color(QPalette::ButtonText), QColor(Qt::black));
+
+  EXPECT_EQ(carpeta.Leer(Ini), "") << "nothing is stored before the panel closes";
+  Panel().CmdCerrar->click();
+  EXPECT_EQ(Valor(u"Fuente", u"Nombre"), "Letra que falta");
+  EXPECT_EQ(Valor(u"Fuente", u"Tachada"), "Si");
+  EXPECT_EQ(Valor(u"Fuente", u"Color"), "255");
+  EXPECT_EQ(Valor(u"Fondo", u"Color"), "65535");
+}
+
+TEST_F(LasOpciones, the_colour_dialog_starts_from_what_the_dialogs_held_last) {
+  Abrir("[Fuente]\nNombre=Arial\nColor=255\n[Fondo]\nColor=65535\n");
+  AbrirPanel();
+  AspectoFalso& dialogos = escritorio.aspecto;
+  Panel().CmdFColor->click();
+  Panel().CmdFuente->click();  // both cancelled
+  EXPECT_EQ(Caja(0).ColorFondo(), QColor(Qt::yellow));
+  EXPECT_EQ(dialogos.fuentes.at(0), (EleccionFuente{{QStringLiteral("Arial"), 10}, Qt::red}));
+  dialogos.color = Qt::green;
+  Panel().CmdFColor->click();
+  Panel().CmdFColor->click();
+  dialogos.fuente = {{QStringLiteral("Arial"), 10}, Qt::blue};
+  Panel().CmdFuente->click();
+  Panel().CmdFColor->click();
+  EXPECT_EQ(dialogos.colores, (std::vector<QColor>{Qt::black, Qt::red, Qt::green, Qt::blue}));
+}
+
+TEST_F(LasOpciones, a_colour_of_the_system_is_kept_until_another_is_chosen) {
+  Abrir("[Fuente]\nNombre=Arial\nColor=-2147483640\n");
+  for (const char* guardado : {"-2147483640", "16711680"}) {
+    AbrirPanel();
+    Panel().CmdFuente->click();  // cancelled, so that its start is known
+    EleccionFuente eleccion = escritorio.aspecto.fuentes.back();
+    EXPECT_EQ(eleccion.color, texto->palette().color(QPalette::Text));
+    if (QByteArray(guardado) == "16711680") {
+      eleccion.color = Qt::blue;
+    }
+    escritorio.aspecto.fuente = eleccion;
+    Panel().CmdFuente->click();
+    escritorio.aspecto.fuente.reset();
+    Panel().CmdCerrar->click();
+    EXPECT_EQ(Valor(u"Fuente", u"Color"), guardado);
+  }
+}
+
+TEST_F(LasOpciones, switching_the_wrap_keeps_caret_selection_and_the_first_line_shown) {
+  Abrir();
+  QTest::qWait(0);
+  for (int i = 0; i < 400; ++i) {
+    Caja(0).Insertar(QStringLiteral("%1\n").arg(i, 9));  // ten bytes each
+  }
+  Caja(0).PonerCursor(2005, 2000);
+  Caja(0).PonerArriba(1500);
+  for (const int i : {1, 0}) {
+    Panel().ChkAjustar->click();
+    EXPECT_TRUE(SeVe(Caja(i)) && !SeVe(Caja(1 - i)));
+    EXPECT_EQ(Caja(i).Cursor(), 2005);
+    EXPECT_EQ(Caja(i).Ancla(), 2000);
+    EXPECT_EQ(Caja(i).Arriba(), 1500);
+    Caja(i).PonerCursor(2005, 2000);
+    Caja(i).PonerArriba(1500);
+  }
+}
+
+TEST_F(LasOpciones, while_the_panel_is_open_characters_are_dropped_and_delete_acts) {
+  Abrir();
+  Caja(0).Insertar(QStringLiteral("abc"));
+  AbrirPanel();
+  Caja(0).PonerCursor(0, 0);
+  QTest::keyClicks(&Caja(0), QStringLiteral("xy"));
+  QTest::keyClick(&Caja(0), Qt::Key_Right);
+  QTest::keyClick(&Caja(0), Qt::Key_Delete);
+  EXPECT_EQ(texto->ElDocumento().Copia(), "ac");
+  Panel().CmdCerrar->click();
+  QTest::keyClicks(&Caja(0), QStringLiteral("x"));
+  EXPECT_EQ(texto->ElDocumento().Copia(), "axc");
+}
+
+TEST_F(LasOpciones, tab_walks_round_the_panel) {
+  Abrir();
+  AbrirPanel();
+  QStringList vuelta;
+  for (int i = 0; i < 8; ++i) {
+    vuelta << Panel().focusWidget()->objectName();
+    QTest::keyClick(Panel().focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(vuelta.join(u' '), QStringLiteral("CmdFuente CmdFColor CmdFavoritas ChkConfirmar "
+                                              "ChkFavoritas ChkAjustar CmdCerrar CmdFuente"));
+}
+
+}  // namespace
