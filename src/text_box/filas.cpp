@@ -16,6 +16,7 @@ void Filas::Configurar(const Avances& avances, Punto ancho) {
 }
 
 void Filas::Recargado() {
+  if (!Configurado()) return;
   sumas_.Vaciar();
   pendientes_.clear();
   Extender(medidas_.al_configurar);

@@ -33,7 +33,7 @@ class Filas : public Renglones {
   Filas(const Bytes& texto, const Lineas& lineas, const Medidas& medidas);
 
   // Wraps at `ancho` (> 0). The first rows are known at once, the others by Avanzar. Nothing may
-  // be asked before the first call.
+  // be asked before the first call; changes cost nothing until then.
   void Configurar(const Avances& avances, Punto ancho);
 
   void Reemplazado(const Cambio& cambio) override;
@@ -71,6 +71,7 @@ class Filas : public Renglones {
   void Asegurar(Posicion linea, Posicion pos) const;
   std::size_t BloqueAnterior(std::size_t bloque) const;
 
+  bool Configurado() const { return partidor_.Ancho() > 0; }
   bool Pendiente(Posicion pos) const;
   bool Exacto(Posicion pos) const;
   Posicion Base(Posicion pos) const;

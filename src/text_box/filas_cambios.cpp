@@ -153,8 +153,9 @@ std::size_t Filas::BloqueAnterior(std::size_t bloque) const {
 }
 
 void Filas::Reemplazado(const Cambio& cambio) {
-  const Posicion conocido = sumas_.Bytes();
-  if (cambio.pos > conocido + 4 * static_cast<Posicion>(medidas_.maximo_fila)) return;
+  // A row depends on the bytes of a few rows at most.
+  const Posicion lejos = sumas_.Bytes() + 4 * static_cast<Posicion>(medidas_.maximo_fila);
+  if (!Configurado() || cambio.pos > lejos) return;
   const Posicion fin = cambio.pos + cambio.quitados;
   const std::size_t primero = BloqueAnterior(sumas_.PorPosicion(cambio.pos).bloque);
   const Posicion inicio = sumas_.Donde(primero).bytes;

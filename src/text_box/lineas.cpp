@@ -31,7 +31,7 @@ Posicion TrasFinNumero(const Trozos& texto, Posicion desde, std::int64_t n) {
   }
   while (true) {
     const std::string_view tramo = texto.Tramo(desde, desde + 64);
-    const Mascaras mascaras = Mirar(texto.Desde(desde), tramo.size());
+    const Mascaras mascaras = Mirar(texto, desde, tramo.size());
     const Posicion fin = desde + static_cast<Posicion>(tramo.size());
     std::uint64_t fines = Fines(mascaras, tramo.size(), texto.EnOFin(fin));
     for (; fines != 0 && n > 0; --n) fines &= fines - 1;

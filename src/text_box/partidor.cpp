@@ -25,23 +25,24 @@ Posicion TrasUltimoBlanco(const Trozos& texto, Posicion desde, Posicion hasta) {
 
 struct Vistazo {
   std::int64_t fines = 0;    // line ends that are complete in what was looked at
-  Posicion tras_ultimo = 0;  // the bytes up to the last one
+  Posicion tras_ultimo = 0;  // the position behind the last one
   std::int64_t tabuladores = 0;
-  bool limpio = true;  // neither line end nor tab
+  Posicion limpio = 0;  // from here on neither line end nor tab
 };
 
-Vistazo Ojear(const Trozos& texto, Posicion desde, Posicion n) {
+Vistazo Ojear(const Trozos& texto, Posicion desde, Posicion hasta) {
   Vistazo vistazo;
-  for (Posicion i = 0; i < n; i += Ventana) {
-    const auto paso = static_cast<std::size_t>(std::min(Ventana, n - i));
-    const Mascaras mascaras = Mirar(texto.Desde(desde + i), paso);
-    if ((mascaras.lf | mascaras.cr | mascaras.tab) == 0) continue;
-    const int siguiente = texto.EnOFin(desde + i + static_cast<Posicion>(paso));
-    const std::uint64_t fines = Fines(mascaras, paso, siguiente);
-    vistazo.limpio = false;
+  vistazo.limpio = desde;
+  for (Posicion pos = desde; pos < hasta; pos += Ventana) {
+    const auto n = static_cast<std::size_t>(std::min(Ventana, hasta - pos));
+    const Mascaras mascaras = Mirar(texto, pos, n);
+    const std::uint64_t especiales = mascaras.lf | mascaras.cr | mascaras.tab;
+    if (especiales == 0) continue;
+    const std::uint64_t fines = Fines(mascaras, n, texto.EnOFin(pos + static_cast<Posicion>(n)));
+    vistazo.limpio = pos + Ventana - std::countl_zero(especiales);
     vistazo.tabuladores += std::popcount(mascaras.tab);
     vistazo.fines += std::popcount(fines);
-    if (fines != 0) vistazo.tras_ultimo = i + Ventana - std::countl_zero(fines);
+    if (fines != 0) vistazo.tras_ultimo = pos + Ventana - std::countl_zero(fines);
   }
   return vistazo;
 }
@@ -61,10 +62,12 @@ Posicion Partidor::Siguiente(const Trozos& texto, Posicion inicio) const {
 // As Siguiente, when the first `libres` bytes are known to hold no tab or line end and to fit.
 Posicion Partidor::Romper(const Trozos& texto, Posicion inicio, Posicion libres) const {
   const Posicion tope = std::min(texto.Total(), inicio + maximo_fila_);
-  Fila fila{inicio, inicio + libres, pluma_.Medir(texto, inicio, inicio + libres, 0), inicio};
+  Fila fila{inicio, inicio + libres, 0, inicio};
+  if (libres > 0) fila.x = pluma_.Sumar(texto.Desde(inicio), static_cast<std::size_t>(libres));
   while (fila.pos < tope) {
+    if (Sobra(texto.En(fila.pos), fila)) return Cortar(texto, fila);  // often, and cheap to see
     const std::string_view tramo = texto.Tramo(fila.pos, std::min(tope, fila.pos + Ventana));
-    const Mascaras mascaras = Mirar(texto.Desde(fila.pos), tramo.size());
+    const Mascaras mascaras = Mirar(texto, fila.pos, tramo.size());
     const std::uint64_t especiales = mascaras.lf | mascaras.cr | mascaras.tab;
     const std::size_t sueltos = std::min<std::size_t>(std::countr_zero(especiales), tramo.size());
     if (!Llenar(texto, fila, sueltos)) return Cortar(texto, fila);
@@ -78,6 +81,11 @@ Posicion Partidor::Romper(const Trozos& texto, Posicion inicio, Posicion libres)
   if (tope == texto.Total()) return -1;
   const unsigned char byte = texto.En(tope);
   return byte == '\n' || byte == '\r' ? texto.TrasElFin(tope) : tope;
+}
+
+// A byte that cannot be part of the row, whatever stands behind it.
+bool Partidor::Sobra(unsigned char byte, const Fila& fila) const {
+  return byte > ' ' && fila.pos > fila.inicio && fila.x + pluma_.Ancho(byte) > ancho_;
 }
 
 // Puts the next `n` bytes into the row; false when the one at fila.pos must not be there.
@@ -104,24 +112,31 @@ Posicion Partidor::Cortar(const Trozos& texto, const Fila& fila) {
   return corte > fila.inicio ? corte : fila.pos;
 }
 
+// Several short lines go at once: within so many bytes as fit whatever they are, a row ends with
+// each line and nowhere else. What was looked at and is neither line end nor tab is not looked at
+// again for the next row.
 Partidor::Marcha Partidor::Bajar(const Trozos& texto, Posicion inicio, Posicion hasta,
                                  std::int64_t maximo) const {
   Marcha marcha{inicio, 0};
+  Posicion visto = inicio;
   while (marcha.inicio < hasta && marcha.filas < maximo) {
-    // Several short lines at once: within so many bytes as fit whatever they are, a row ends
-    // with each line and nowhere else.
-    const Posicion n = static_cast<Posicion>(
-        texto.Tramo(marcha.inicio, std::min(hasta, marcha.inicio + seguro_)).size());
-    const Vistazo vistazo = Ojear(texto, marcha.inicio, n);
-    const bool caben = n * pluma_.Maximo() + vistazo.tabuladores * pluma_.Tabulador() <= ancho_;
-    if (vistazo.fines > 0 && vistazo.fines <= maximo - marcha.filas &&
-        (caben || vistazo.tabuladores == 0)) {
-      marcha.inicio += vistazo.tras_ultimo;
+    const Posicion fin = std::min({hasta, marcha.inicio + seguro_, texto.FinTrozo(marcha.inicio)});
+    const Vistazo vistazo = Ojear(texto, std::max(visto, marcha.inicio), fin);
+    const bool caben =
+        vistazo.tabuladores == 0 ||
+        (fin - marcha.inicio) * pluma_.Maximo() + vistazo.tabuladores * pluma_.Tabulador() <=
+            ancho_;
+    if (caben && vistazo.fines > 0 && vistazo.fines <= maximo - marcha.filas) {
+      marcha.inicio = vistazo.tras_ultimo;
       marcha.filas += vistazo.fines;
+      visto = vistazo.limpio <= vistazo.tras_ultimo ? fin : marcha.inicio;
       continue;
     }
-    const Posicion siguiente = Romper(texto, marcha.inicio, vistazo.limpio ? n : 0);
+    const bool limpia = vistazo.fines == 0 && vistazo.limpio <= std::max(visto, marcha.inicio);
+    const Posicion libres = limpia ? fin - marcha.inicio : 0;
+    const Posicion siguiente = Romper(texto, marcha.inicio, libres);
     if (siguiente < 0 || siguiente > hasta) break;
+    visto = limpia ? fin : siguiente;
     marcha.inicio = siguiente;
     ++marcha.filas;
   }

@@ -40,6 +40,7 @@ class Partidor {
     Posicion tras_tab = 0;  // after its last tab
   };
   Posicion Romper(const Trozos& texto, Posicion inicio, Posicion libres) const;
+  bool Sobra(unsigned char byte, const Fila& fila) const;
   bool Llenar(const Trozos& texto, Fila& fila, std::size_t n) const;
   static Posicion Cortar(const Trozos& texto, const Fila& fila);
 

@@ -8,18 +8,18 @@ namespace {
 
 constexpr std::size_t Paso = 16;
 
-// Eight bytes in one read, four sums side by side: the table is the only thing waited for.
-Punto SumarPaso(const std::int32_t* ancho, const unsigned char* bytes) {
-  std::uint64_t a = 0;
-  std::uint64_t b = 0;
-  std::memcpy(&a, bytes, 8);
-  std::memcpy(&b, bytes + 8, 8);
+// Few reads of the text, several sums side by side: the table is the only thing waited for.
+Punto SumarOcho(const std::int32_t* ancho, const unsigned char* bytes) {
+  std::uint64_t ocho = 0;
+  std::memcpy(&ocho, bytes, 8);
   Punto sumas[4] = {};
-  for (int i = 0; i < 4; ++i) {
-    sumas[i] += ancho[(a >> (16 * i)) & 0xff] + ancho[(b >> (16 * i)) & 0xff];
-    sumas[i] += ancho[(a >> (16 * i + 8)) & 0xff] + ancho[(b >> (16 * i + 8)) & 0xff];
-  }
+  for (int i = 0; i < 4; ++i)
+    sumas[i] = ancho[(ocho >> (16 * i)) & 0xff] + ancho[(ocho >> (16 * i + 8)) & 0xff];
   return (sumas[0] + sumas[1]) + (sumas[2] + sumas[3]);
+}
+
+Punto SumarPaso(const std::int32_t* ancho, const unsigned char* bytes) {
+  return SumarOcho(ancho, bytes) + SumarOcho(ancho, bytes + 8);
 }
 
 bool SinAnchoPropio(std::size_t byte) {
@@ -41,7 +41,7 @@ Punto Pluma::Sumar(const unsigned char* bytes, std::size_t n) const {
   if (uniforme_) return static_cast<Punto>(n) * maximo_;
   Punto suma = 0;
   std::size_t i = 0;
-  for (; i + Paso <= n; i += Paso) suma += SumarPaso(avances_.ancho.data(), bytes + i);
+  for (; i + 8 <= n; i += 8) suma += SumarOcho(avances_.ancho.data(), bytes + i);
   for (; i < n; ++i) suma += avances_.ancho[bytes[i]];
   return suma;
 }
@@ -50,7 +50,9 @@ std::size_t Pluma::Caber(const unsigned char* bytes, std::size_t n, Punto limite
   if (x > limite) return 0;
   std::size_t i = 0;
   if (uniforme_) {
-    i = std::min(n, static_cast<std::size_t>((limite - x) / maximo_));
+    const Punto resto = limite - x;
+    if (resto < maximo_) return 0;
+    i = std::min(n, static_cast<std::size_t>(resto / maximo_));
     x += static_cast<Punto>(i) * maximo_;
     return i;
   }
@@ -58,6 +60,13 @@ std::size_t Pluma::Caber(const unsigned char* bytes, std::size_t n, Punto limite
     const Punto suma = SumarPaso(avances_.ancho.data(), bytes + i);
     if (x + suma > limite) break;
     x += suma;
+  }
+  if (i + 8 <= n) {
+    const Punto suma = SumarOcho(avances_.ancho.data(), bytes + i);
+    if (x + suma <= limite) {
+      x += suma;
+      i += 8;
+    }
   }
   for (; i < n && x + Ancho(bytes[i]) <= limite; ++i) x += Ancho(bytes[i]);
   return i;

@@ -20,6 +20,9 @@ Mascaras MirarTodos(const unsigned char* bytes) {
   Mascaras mascaras;
   for (int i = 0; i < 64; i += 16) {
     const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + i));
+    // Most of a text is none of the three: all of them are 13 at most.
+    const __m128i pequenos = _mm_cmpeq_epi8(_mm_min_epu8(v, _mm_set1_epi8('\r')), v);
+    if (_mm_movemask_epi8(pequenos) == 0) continue;
     mascaras.lf |= Iguales(v, '\n') << i;
     mascaras.cr |= Iguales(v, '\r') << i;
     mascaras.tab |= Iguales(v, '\t') << i;
@@ -55,11 +58,19 @@ unsigned char ContarPocos(const char* bytes, std::size_t n) {
 
 }  // namespace
 
-Mascaras Mirar(const unsigned char* bytes, std::size_t n) {
-  if (n >= 64) return MirarTodos(bytes);
-  unsigned char copia[64] = {};
-  std::memcpy(copia, bytes, n);
-  return MirarTodos(copia);
+Mascaras Mirar(const Trozos& texto, Posicion pos, std::size_t n) {
+  const unsigned char* bytes = texto.Desde(pos);
+  if (n == 64) return MirarTodos(bytes);
+  Mascaras mascaras;
+  if (texto.FinTrozo(pos) - pos >= 64) {
+    mascaras = MirarTodos(bytes);
+  } else {
+    unsigned char copia[64] = {};
+    std::memcpy(copia, bytes, n);
+    mascaras = MirarTodos(copia);
+  }
+  const std::uint64_t validos = (std::uint64_t{1} << n) - 1;
+  return {mascaras.lf & validos, mascaras.cr & validos, mascaras.tab & validos};
 }
 
 std::int64_t ContarFines(std::string_view bytes, int siguiente) {

@@ -7,13 +7,14 @@
 
 #include "text_box/trozos.h"
 
-// What stands at the first `n` <= 64 bytes from `bytes` on, a bit for each, the first one lowest.
+// What stands at each of up to 64 bytes, a bit for each, the first one lowest.
 struct Mascaras {
   std::uint64_t lf = 0;
   std::uint64_t cr = 0;
   std::uint64_t tab = 0;
 };
-Mascaras Mirar(const unsigned char* bytes, std::size_t n);
+// The `n` bytes from `pos` on, 0 < n <= 64, which do not reach over the gap.
+Mascaras Mirar(const Trozos& texto, Posicion pos, std::size_t n);
 
 // The bytes with which line ends are complete: every LF, and every CR that no LF follows.
 // `siguiente`: the byte after the `n` (> 0) that were looked at, -1 where the text ends.

@@ -21,7 +21,7 @@ class RenglonesLineas : public Renglones {
   // Lines of up to `linea_corta` bytes are walked byte by byte.
   RenglonesLineas(const Bytes& texto, const Lineas& lineas, Posicion linea_corta = LineaCorta);
 
-  void Configurar(const Avances& avances);  // nothing may be asked before the first call
+  void Configurar(const Avances& avances);  // as Filas::Configurar
 
   void Reemplazado(const Cambio& cambio) override;
   void Recargado() override;
@@ -61,6 +61,7 @@ class RenglonesLineas : public Renglones {
   Puesto Empezar(Posicion inicio) const;
   Puesto Pasar(const Puesto& puesto) const;
 
+  bool Configurado() const { return pluma_.Tabulador() > 0; }
   void Ignorar(std::size_t bloque);
   void Trabajar(int bloques);
   bool PrepararCurvas(std::size_t bloque, Posicion pos, Posicion fin, int& bloques) const;

@@ -30,6 +30,7 @@ void RenglonesLineas::Configurar(const Avances& avances) {
 }
 
 void RenglonesLineas::Recargado() {
+  if (!Configurado()) return;
   const std::size_t n = lineas_->Bloques().Bloques();
   curvas_.assign(n, {});
   maximos_.assign(n, -1);
@@ -39,6 +40,7 @@ void RenglonesLineas::Recargado() {
 }
 
 void RenglonesLineas::Reemplazado(const Cambio& cambio) {
+  if (!Configurado()) return;
   const bool completo = Completo();
   const Lineas::Empalme& empalme = lineas_->UltimoEmpalme();
   const auto primero = maximos_.begin() + static_cast<std::ptrdiff_t>(empalme.desde);

@@ -1,0 +1,2 @@
+add_executable(nucleo_texto nucleo_texto.cpp)
+target_link_libraries(nucleo_texto PRIVATE text_box benchmark::benchmark_main)

@@ -1,0 +1,76 @@
+#include <gmock/gmock.h>
+#include <string>
+
+#include "text_box/bytes.h"
+#include "text_box/lineas.h"
+#include "text_box/pieza.h"
+
+namespace {
+
+std::string Todo(const Bytes& bytes) {
+  std::string copia(static_cast<std::size_t>(bytes.Tamano()), '?');
+  bytes.Copiar(0, bytes.Tamano(), copia.data());
+  return copia;
+}
+
+Bytes Con(std::string_view contenido) {
+  Bytes bytes;
+  EXPECT_TRUE(bytes.Reemplazar(0, 0, contenido));
+  return bytes;
+}
+
+TEST(Bytes, text_put_in_from_itself_is_what_it_was_before) {
+  Bytes bytes = Con("abcdef");
+  ASSERT_TRUE(bytes.Reemplazar(3, 0, "-"));  // the gap lies behind it now
+  ASSERT_TRUE(bytes.Reemplazar(1, 2, bytes.Tramos(4, 7)[1]));
+  EXPECT_EQ(Todo(bytes), "adef-def");
+}
+
+TEST(Bytes, loading_goes_on_behind_what_was_edited) {
+  Bytes bytes;
+  for (const std::string_view trozo : {"uno ", "dos "}) {
+    const std::span<char> sitio = bytes.ReservarFinal(3 << 20);
+    ASSERT_GE(sitio.size(), 3U << 20);
+    trozo.copy(sitio.data(), trozo.size());
+    bytes.ConfirmarFinal(trozo.size());
+    ASSERT_TRUE(bytes.Reemplazar(bytes.Tamano(), 0, "+"));
+  }
+  EXPECT_EQ(Todo(bytes), "uno +dos +");
+}
+
+TEST(Bytes, memory_that_is_not_to_be_had_changes_nothing) {
+  Bytes bytes = Con("abc");
+  EXPECT_FALSE(bytes.Prever(std::size_t{1} << 60));
+  EXPECT_TRUE(bytes.ReservarFinal(std::size_t{1} << 60).empty());
+  EXPECT_EQ(Todo(bytes), "abc");
+}
+
+TEST(Pieza, a_big_piece_comes_back_byte_for_byte) {
+  std::string texto(5'000'000, '\0');
+  for (std::size_t i = 0; i < texto.size(); ++i) texto[i] = static_cast<char>(i * i >> 7);
+  Bytes bytes = Con(texto);
+  Pieza sacada;
+  ASSERT_TRUE(Canjear(bytes, 1000, 4'900'001, "nuevo", sacada));
+  EXPECT_EQ(Todo(bytes), texto.substr(0, 1000) + "nuevo" + texto.substr(4'901'001));
+  Pieza nuevo;
+  ASSERT_TRUE(Canjear(bytes, 1000, 5, sacada, nuevo));
+  EXPECT_EQ(Todo(bytes), texto);
+  EXPECT_EQ(nuevo.Vista(), "nuevo");
+  EXPECT_TRUE(sacada.Vacia());
+}
+
+TEST(ContadorLineas, line_ends_cut_by_the_pieces_are_counted_once) {
+  const std::string texto = "a\r\nb\rc\n\r\r\n\r";
+  for (std::size_t paso = 1; paso <= texto.size(); ++paso) {
+    for (const int bloque : {1, 2, 3, 4096}) {
+      ContadorLineas contador(bloque);
+      for (std::size_t i = 0; i < texto.size(); i += paso)
+        contador.Agregar(std::string_view(texto).substr(i, paso));
+      const Sumas sumas = contador.Terminar();
+      EXPECT_EQ(sumas.Cuenta(), 6) << paso << ' ' << bloque;
+      EXPECT_EQ(sumas.Bytes(), std::ssize(texto));
+    }
+  }
+}
+
+}  // namespace
