@@ -29,7 +29,7 @@ TEST(PerfilPrivado, values_are_found_as_the_format_says) {
                           {"[Se]\na\xF1o=1\na\xF1o=2\n", "1"},
                           {"\xEF\xBB\xBF[Se]\na\xF1o=1\n", "1"},
                           {"[Se]\n;a\xF1o=1\n ; a\xF1o=2\na\xF1o=3\n", "3"},
-                          {QByteArray("\0\n[Se]\na\xF1o=\0\xFF\n", 17), QByteArray("\0\xFF", 2)},
+                          {QByteArray("\0\n[Se]\na\xF1o=\0\xFF\n", 14), QByteArray("\0\xFF", 2)},
                           {"a\xF1o=1\n[Otra]\na\xF1o=2\n", {}},
                           {"[Se]\n[Otra]\na\xF1o=2\n[Se]\na\xF1o=3\n", {}},
                           {"[Se]\na\xF1o\n=1\na\xF1os=1\n", {}},
