@@ -1,5 +1,219 @@
+#include "text_box/accesible_caja.h"
+
+#include <algorithm>
+#include <limits>
+
 #include <QAccessible>
 
-#include "text_box/caja_texto.h"
+#include "shared/pagina_codigos.h"
 
-void CajaTexto::AvisarCambio(const Cambio& /*cambio*/) {}
+namespace {
+
+int Entero(Posicion pos) {
+  return static_cast<int>(std::min<Posicion>(pos, std::numeric_limits<int>::max()));
+}
+
+QAccessibleInterface* Fabricar(const QString& /*clase*/, QObject* objeto) {
+  auto* caja = qobject_cast<CajaTexto*>(objeto);
+  return caja ? new AccesibleCaja(caja) : nullptr;
+}
+
+}  // namespace
+
+AccesibleCaja::AccesibleCaja(CajaTexto* caja)
+    : QAccessibleWidget(caja, QAccessible::EditableText) {}
+
+CajaTexto& AccesibleCaja::Caja() const {
+  return static_cast<CajaTexto&>(*widget());
+}
+
+Posicion AccesibleCaja::Dentro(Posicion pos) const {
+  return std::clamp<Posicion>(pos, 0, Texto().Tamano());
+}
+
+void* AccesibleCaja::interface_cast(QAccessible::InterfaceType tipo) {
+  if (tipo == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+  if (tipo == QAccessible::EditableTextInterface)
+    return static_cast<QAccessibleEditableTextInterface*>(this);
+  return QAccessibleWidget::interface_cast(tipo);
+}
+
+QAccessible::State AccesibleCaja::state() const {
+  QAccessible::State estado = QAccessibleWidget::state();
+  estado.editable = !Caja().SoloLectura();
+  estado.readOnly = Caja().SoloLectura();
+  estado.multiLine = true;
+  estado.selectableText = true;
+  return estado;
+}
+
+void AccesibleCaja::selection(int indice, int* desde, int* hasta) const {
+  const auto [menor, mayor] = std::minmax({Caja().Cursor(), Caja().Ancla()});
+  const bool hay = indice == 0 && menor != mayor;
+  *desde = hay ? Entero(menor) : 0;
+  *hasta = hay ? Entero(mayor) : 0;
+}
+
+int AccesibleCaja::selectionCount() const {
+  return Caja().Cursor() == Caja().Ancla() ? 0 : 1;
+}
+
+void AccesibleCaja::addSelection(int desde, int hasta) {
+  setSelection(0, desde, hasta);
+}
+
+void AccesibleCaja::removeSelection(int indice) {
+  if (indice == 0) setCursorPosition(cursorPosition());
+}
+
+void AccesibleCaja::setSelection(int indice, int desde, int hasta) {
+  if (indice == 0) Caja().PonerCursor(hasta, desde);
+}
+
+int AccesibleCaja::cursorPosition() const {
+  return Entero(Caja().Cursor());
+}
+
+void AccesibleCaja::setCursorPosition(int pos) {
+  Caja().PonerCursor(pos, pos);
+}
+
+QString AccesibleCaja::text(int desde, int hasta) const {
+  const Posicion inicio = Dentro(desde);
+  return PaginaCodigos::ATexto(Caja().Texto().Copia(inicio, std::max(inicio, Dentro(hasta))));
+}
+
+Tramo AccesibleCaja::Unidad(Posicion pos, QAccessible::TextBoundaryType unidad) const {
+  const Posicion tamano = Texto().Tamano();
+  const auto hasta = [tamano](Posicion siguiente) { return siguiente < 0 ? tamano : siguiente; };
+  const Lineas& lineas = Caja().Texto().LineasDelTexto();
+  switch (unidad) {
+    case QAccessible::CharBoundary:
+      return {pos, PasoDerecha(Texto(), pos)};
+    case QAccessible::WordBoundary:
+      return PalabraEn(Texto(), pos);
+    case QAccessible::LineBoundary: {
+      const Renglones& filas = Caja().Vista().Reparto();
+      const Posicion fila = filas.InicioDe(pos);
+      return {fila, hasta(filas.Siguiente(fila))};
+    }
+    case QAccessible::NoBoundary:
+      return {0, tamano};
+    default:
+      return {lineas.InicioDe(pos), hasta(lineas.Siguiente(pos))};
+  }
+}
+
+QString AccesibleCaja::Responder(const Tramo& tramo, int* desde, int* hasta) const {
+  *desde = Entero(tramo.desde);
+  *hasta = Entero(tramo.hasta);
+  return text(*desde, *hasta);
+}
+
+QString AccesibleCaja::textAtOffset(int pos, QAccessible::TextBoundaryType unidad, int* desde,
+                                    int* hasta) const {
+  return Responder(Unidad(Dentro(pos), unidad), desde, hasta);
+}
+
+QString AccesibleCaja::textBeforeOffset(int pos, QAccessible::TextBoundaryType unidad, int* desde,
+                                        int* hasta) const {
+  const Tramo esta = Unidad(Dentro(pos), unidad);
+  if (esta.desde == 0) return Responder({0, 0}, desde, hasta);
+  return Responder(Unidad(PasoIzquierda(Texto(), esta.desde), unidad), desde, hasta);
+}
+
+QString AccesibleCaja::textAfterOffset(int pos, QAccessible::TextBoundaryType unidad, int* desde,
+                                       int* hasta) const {
+  const Tramo esta = Unidad(Dentro(pos), unidad);
+  const Posicion tamano = Texto().Tamano();
+  if (esta.hasta >= tamano) return Responder({tamano, tamano}, desde, hasta);
+  // A line end is in no word: the word after it is meant.
+  const Posicion sigue = esta.hasta > Dentro(pos) ? esta.hasta : PasoDerecha(Texto(), Dentro(pos));
+  return Responder(Unidad(sigue, unidad), desde, hasta);
+}
+
+int AccesibleCaja::characterCount() const {
+  return Entero(Texto().Tamano());
+}
+
+// Nothing for a character that is out of sight.
+QRect AccesibleCaja::characterRect(int pos) const {
+  if (!Caja().isVisible()) return {};
+  const Lugar lugar{Dentro(pos), false};
+  const Encuadre& vista = Caja().Vista();
+  QRect sitio = vista.Rectangulo(lugar);
+  const Posicion fila = vista.FilaDe(lugar);
+  const Posicion fin = vista.Reparto().FinDe(fila);
+  if (lugar.pos < fin)
+    sitio.setWidth(
+        static_cast<int>((vista.Reparto().XDe(fila, lugar.pos + 1) - vista.XDe(lugar)) / 64));
+  if (!sitio.intersects(QRect(QPoint(), vista.Tamano()))) return {};
+  return sitio.translated(Caja().viewport()->mapToGlobal(QPoint()));
+}
+
+int AccesibleCaja::offsetAtPoint(const QPoint& punto) const {
+  const QPoint dentro = Caja().viewport()->mapFromGlobal(punto);
+  if (!Caja().isVisible() || !Caja().viewport()->rect().contains(dentro)) return -1;
+  return Entero(Caja().Vista().EnPunto(dentro).pos);
+}
+
+void AccesibleCaja::scrollToSubstring(int desde, int /*hasta*/) {
+  if (!characterRect(desde).isValid()) Caja().PonerArriba(Dentro(desde));
+}
+
+QString AccesibleCaja::attributes(int /*pos*/, int* desde, int* hasta) const {
+  *desde = 0;
+  *hasta = characterCount();
+  return {};
+}
+
+void AccesibleCaja::deleteText(int desde, int hasta) {
+  replaceText(desde, hasta, {});
+}
+
+void AccesibleCaja::insertText(int pos, const QString& texto) {
+  replaceText(pos, pos, texto);
+}
+
+void AccesibleCaja::replaceText(int desde, int hasta, const QString& texto) {
+  const Posicion inicio = Dentro(desde);
+  Caja().CambiarTramo(inicio, std::max(inicio, Dentro(hasta)), texto);
+}
+
+void CajaTexto::HacerAccesible() {
+  static const bool hecho = (QAccessible::installFactory(Fabricar), true);
+  Q_UNUSED(hecho)
+}
+
+void CajaTexto::AvisarCursor() {
+  if (!QAccessible::isActive() || !isVisible()) return;
+  if (HaySeleccion() || seleccion_avisada_) {
+    QAccessibleTextSelectionEvent seleccion(this, Entero(Desde()), Entero(Hasta()));
+    seleccion.setCursorPosition(Entero(cursor_.pos));
+    QAccessible::updateAccessibility(&seleccion);
+    seleccion_avisada_ = HaySeleccion();
+  }
+  QAccessibleTextCursorEvent cursor(this, Entero(cursor_.pos));
+  QAccessible::updateAccessibility(&cursor);
+}
+
+// Text removed by another hand than this box's is gone already: blanks stand for it.
+void CajaTexto::AvisarCambio(const Cambio& cambio) {
+  QByteArray quitado = std::exchange(por_quitar_, {});
+  if (!QAccessible::isActive() || !isVisible()) return;
+  const Posicion cuanto = std::min(cambio.quitados, kMaximoLeido);
+  if (quitado.size() != cuanto) quitado = QByteArray(cuanto, ' ');
+  const QString viejo = PaginaCodigos::ATexto(quitado);
+  const QString nuevo = TextoEntre(cambio.pos, cambio.pos + std::min(cambio.puestos, kMaximoLeido));
+  const int pos = Entero(cambio.pos);
+  if (viejo.isEmpty()) {
+    QAccessibleTextInsertEvent evento(this, pos, nuevo);
+    QAccessible::updateAccessibility(&evento);
+  } else if (nuevo.isEmpty()) {
+    QAccessibleTextRemoveEvent evento(this, pos, viejo);
+    QAccessible::updateAccessibility(&evento);
+  } else {
+    QAccessibleTextUpdateEvent evento(this, pos, viejo, nuevo);
+    QAccessible::updateAccessibility(&evento);
+  }
+}

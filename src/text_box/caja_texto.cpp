@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include <QAccessible>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -38,6 +37,7 @@ CajaTexto::CajaTexto(Documento& documento, Ajuste ajuste, QWidget* padre)
   setAcceptDrops(true);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setCursor(Qt::IBeamCursor);
+  HacerAccesible();
   PonerFuente(font());
   PonerColores(Qt::black, Qt::white);
   Conectar();
@@ -110,12 +110,7 @@ void CajaTexto::CursorMovido() {
   ReiniciarParpadeo();
   Redibujar();
   updateMicroFocus();
-  if (!QAccessible::isActive()) return;
-  QAccessibleTextSelectionEvent seleccion(this, int(Desde()), int(Hasta()));
-  seleccion.setCursorPosition(int(cursor_.pos));
-  QAccessible::updateAccessibility(&seleccion);
-  QAccessibleTextCursorEvent cursor(this, int(cursor_.pos));
-  QAccessible::updateAccessibility(&cursor);
+  AvisarCursor();
 }
 
 void CajaTexto::Reemplazado(const Cambio& cambio) {
@@ -140,7 +135,6 @@ void CajaTexto::Recargado() {
     QGuiApplication::inputMethod()->reset();
   }
   CursorMovido();
-  AvisarCambio({});
 }
 
 void CajaTexto::Redibujar() {

@@ -107,7 +107,6 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   enum class Columna { Olvidar, Conservar };
   void Colocar(const Lugar& lugar, Seleccion seleccion, Columna columna = Columna::Olvidar);
   void CursorMovido();
-  void AvisarCambio(const Cambio& cambio);  // tells the screen readers
   Posicion Desde() const { return std::min(cursor_.pos, ancla_); }
   Posicion Hasta() const { return std::max(cursor_.pos, ancla_); }
   bool HaySeleccion() const { return cursor_.pos != ancla_; }
@@ -163,6 +162,12 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   bool AceptaTexto(const QDropEvent& evento) const;
   void MoverElegido(Posicion pos);
 
+  // accesible_caja.cpp: screen readers
+  static constexpr Posicion kMaximoLeido = 1 << 16;  // bytes: no reader reads more aloud
+  static void HacerAccesible();
+  void AvisarCursor();
+  void AvisarCambio(const Cambio& cambio);
+
   Documento& documento_;
   Encuadre encuadre_;
   OyenteTeclas* oyente_ = nullptr;
@@ -178,6 +183,8 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   bool mostrar_cursor_ = false;    // to be scrolled to when the box is shown
   bool cursor_encendido_ = false;  // the lit half of its blinking
   Composicion composicion_;
+  bool seleccion_avisada_ = false;  // screen readers know of one
+  QByteArray por_quitar_;           // what is about to be removed, for screen readers
 
   struct Raton {
     enum class Gesto { Ninguno, Elegir, QuizaArrastrar };

@@ -1,8 +1,8 @@
 # The view of the text box, and its random walk without an end: azar_vista [seed] [how many].
 velda_prueba(prueba_caja_texto
   FUENTES
-    azar_vista.cpp prueba_azar_vista.cpp prueba_caja_entrada.cpp prueba_caja_pintura.cpp
-    prueba_caja_raton.cpp prueba_caja_teclas.cpp
+    azar_vista.cpp prueba_azar_vista.cpp prueba_caja_accesible.cpp prueba_caja_entrada.cpp
+    prueba_caja_pintura.cpp prueba_caja_raton.cpp prueba_caja_teclas.cpp
   ENLAZA text_box Qt6::Test)
 
 add_executable(azar_vista azar_vista.cpp azar_vista_principal.cpp)
