@@ -201,10 +201,10 @@ void CajaTexto::AvisarCursor() {
 void CajaTexto::AvisarCambio(const Cambio& cambio) {
   QByteArray quitado = std::exchange(por_quitar_, {});
   if (!QAccessible::isActive() || !isVisible()) return;
-  const Posicion cuanto = std::min(cambio.quitados, kMaximoLeido);
+  const Posicion cuanto = std::min(cambio.quitados, MaximoLeido);
   if (quitado.size() != cuanto) quitado = QByteArray(cuanto, ' ');
   const QString viejo = PaginaCodigos::ATexto(quitado);
-  const QString nuevo = TextoEntre(cambio.pos, cambio.pos + std::min(cambio.puestos, kMaximoLeido));
+  const QString nuevo = TextoEntre(cambio.pos, cambio.pos + std::min(cambio.puestos, MaximoLeido));
   const int pos = Entero(cambio.pos);
   if (viejo.isEmpty()) {
     QAccessibleTextInsertEvent evento(this, pos, nuevo);

@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr qreal kSeDistingue = 2;  // enough for an area
-constexpr qreal kSeLee = 3;        // enough for letters and for a line of one pixel
+constexpr qreal SeDistingue = 2;  // enough for an area
+constexpr qreal SeLee = 3;        // enough for letters and for a line of one pixel
 
 qreal Lineal(qreal canal) {
   return canal <= 0.04045 ? canal / 12.92 : std::pow((canal + 0.055) / 1.055, 2.4);
@@ -36,13 +36,13 @@ AspectoCaja AspectoCaja::De(const QColor& texto, const QColor& fondo, const QPal
                       .cursor = texto,
                       .texto_elegido = paleta.color(QPalette::Active, QPalette::HighlightedText),
                       .fondo_elegido = paleta.color(QPalette::Active, QPalette::Highlight)};
-  if (Contraste(texto, fondo) < kSeLee) aspecto.cursor = BlancoONegro(fondo);
-  if (Contraste(aspecto.fondo_elegido, fondo) >= kSeDistingue &&
-      Contraste(aspecto.fondo_elegido, aspecto.texto_elegido) >= kSeLee)
+  if (Contraste(texto, fondo) < SeLee) aspecto.cursor = BlancoONegro(fondo);
+  if (Contraste(aspecto.fondo_elegido, fondo) >= SeDistingue &&
+      Contraste(aspecto.fondo_elegido, aspecto.texto_elegido) >= SeLee)
     return aspecto;
   // The palette's selection would drown in this background: turn the pair around.
   aspecto.fondo_elegido = aspecto.cursor;
   aspecto.texto_elegido =
-      Contraste(fondo, aspecto.cursor) >= kSeLee ? fondo : BlancoONegro(aspecto.cursor);
+      Contraste(fondo, aspecto.cursor) >= SeLee ? fondo : BlancoONegro(aspecto.cursor);
   return aspecto;
 }

@@ -5,12 +5,12 @@
 #include <QSignalBlocker>
 
 namespace {
-constexpr std::int64_t kMaximoBarra = 1 << 30;
+constexpr std::int64_t MaximoBarra = 1 << 30;
 }
 
 void BarraLarga::Poner(std::int64_t valor, std::int64_t maximo, std::int64_t pagina, int paso) {
   maximo_ = maximo;
-  escala_ = maximo / kMaximoBarra + 1;
+  escala_ = maximo / MaximoBarra + 1;
   const QSignalBlocker silencio(barra_);
   barra_->setPageStep(static_cast<int>(std::max<std::int64_t>(1, pagina / escala_)));
   barra_->setSingleStep(paso);

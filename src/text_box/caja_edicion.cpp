@@ -12,7 +12,7 @@ bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes,
                         Agrupacion agrupacion) {
   if (solo_lectura_ || (desde == hasta && bytes.isEmpty())) return false;
   if (QAccessible::isActive())
-    por_quitar_ = documento_.Copia(desde, std::min(hasta, desde + kMaximoLeido));
+    por_quitar_ = documento_.Copia(desde, std::min(hasta, desde + MaximoLeido));
   const std::string_view nuevos(bytes.constData(), static_cast<std::size_t>(bytes.size()));
   if (!documento_.Reemplazar(desde, hasta - desde, nuevos, agrupacion)) {
     QApplication::beep();  // out of memory

@@ -8,7 +8,7 @@
 #include "text_box/texto_externo.h"
 
 namespace {
-constexpr Posicion kAlrededor = 512;  // bytes told to an input method on each side of the caret
+constexpr Posicion Alrededor = 512;  // bytes told to an input method on each side of the caret
 }
 
 void CajaTexto::inputMethodEvent(QInputMethodEvent* evento) {
@@ -54,8 +54,8 @@ QVariant CajaTexto::inputMethodQuery(Qt::InputMethodQuery pregunta) const {
 }
 
 QVariant CajaTexto::TextoParaMetodo(Qt::InputMethodQuery pregunta) const {
-  const Posicion desde = std::max<Posicion>(0, cursor_.pos - kAlrededor);
-  const Posicion hasta = std::min<Posicion>(documento_.Tamano(), cursor_.pos + kAlrededor);
+  const Posicion desde = std::max<Posicion>(0, cursor_.pos - Alrededor);
+  const Posicion hasta = std::min<Posicion>(documento_.Tamano(), cursor_.pos + Alrededor);
   switch (pregunta) {
     case Qt::ImSurroundingText:
       return TextoEntre(desde, hasta);

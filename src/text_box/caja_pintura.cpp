@@ -19,7 +19,7 @@ void CajaTexto::PintarFilas(QPainter& pintor) {
   PintorTexto filas(pintor, documento_.Texto(), encuadre_, aspecto_);
   const Renglones& reparto = encuadre_.Reparto();
   const Posicion compuesta = composicion_.Vacia() ? -1 : encuadre_.FilaDe(cursor_);
-  PintorTexto::Fila fila{encuadre_.Arriba(), Encuadre::kMargen, Desde(), Hasta()};
+  PintorTexto::Fila fila{encuadre_.Arriba(), Encuadre::Margen, Desde(), Hasta()};
   while (fila.y < viewport()->height() && fila.inicio >= 0) {
     if (fila.inicio == compuesta)
       PintarCompuesta(pintor, filas, fila);

@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr int kGradosMuesca = 120;  // of the wheel, in eighths of a degree
-constexpr int kMilisegundosRodar = 50;
+constexpr int GradosMuesca = 120;  // of the wheel, in eighths of a degree
+constexpr int MilisegundosRodar = 50;
 
 // Takes whole steps of `unidad` out of `resto`.
 int Enteros(int& resto, int unidad) {
@@ -96,7 +96,7 @@ void CajaTexto::mouseMoveEvent(QMouseEvent* evento) {
   if (viewport()->rect().contains(punto))
     reloj_arrastre_.stop();
   else if (!reloj_arrastre_.isActive())
-    reloj_arrastre_.start(kMilisegundosRodar, this);
+    reloj_arrastre_.start(MilisegundosRodar, this);
   ExtenderSeleccion(punto);
 }
 
@@ -149,7 +149,7 @@ void CajaTexto::wheelEvent(QWheelEvent* evento) {
     return;
   }
   raton_.rueda += evento->angleDelta() * QApplication::wheelScrollLines();
-  RodarFilas(-Enteros(raton_.rueda.ry(), kGradosMuesca));
-  const int pasos = Enteros(raton_.rueda.rx(), kGradosMuesca);
+  RodarFilas(-Enteros(raton_.rueda.ry(), GradosMuesca));
+  const int pasos = Enteros(raton_.rueda.rx(), GradosMuesca);
   RodarX(encuadre_.X() - pasos * horizontalScrollBar()->singleStep());
 }

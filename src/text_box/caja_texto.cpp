@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int kMilisegundosTrabajo = 8;
-constexpr int kPasoHorizontal = 20;  // pixels
+constexpr int MilisegundosTrabajo = 8;
+constexpr int PasoHorizontal = 20;  // pixels
 
 // Where a position that is not the change's own comes to lie.
 Posicion Desplazada(Posicion pos, const Cambio& cambio) {
@@ -149,8 +149,7 @@ void CajaTexto::ActualizarBarras() {
   const std::int64_t maxima = encuadre_.FilaMaxima();
   vertical_.Poner(std::min(filas.Indice(encuadre_.Arriba()), maxima), maxima,
                   encuadre_.FilasVisibles(), 1);
-  horizontal_.Poner(encuadre_.X(), encuadre_.MaximoX(), encuadre_.Tamano().width(),
-                    kPasoHorizontal);
+  horizontal_.Poner(encuadre_.X(), encuadre_.MaximoX(), encuadre_.Tamano().width(), PasoHorizontal);
   if (!filas.Completo() && !reloj_trabajo_.isActive()) reloj_trabajo_.start(0, this);
 }
 
@@ -190,7 +189,7 @@ void CajaTexto::hideEvent(QHideEvent* evento) {
 void CajaTexto::timerEvent(QTimerEvent* evento) {
   const int reloj = evento->timerId();
   if (reloj == reloj_trabajo_.timerId()) {
-    if (encuadre_.Avanzar(kMilisegundosTrabajo)) reloj_trabajo_.stop();
+    if (encuadre_.Avanzar(MilisegundosTrabajo)) reloj_trabajo_.stop();
     ActualizarBarras();
   } else if (reloj == reloj_parpadeo_.timerId()) {
     cursor_encendido_ = !cursor_encendido_;

@@ -163,7 +163,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   void MoverElegido(Posicion pos);
 
   // accesible_caja.cpp: screen readers
-  static constexpr Posicion kMaximoLeido = 1 << 16;  // bytes: no reader reads more aloud
+  static constexpr Posicion MaximoLeido = 1 << 16;  // bytes: no reader reads more aloud
   static void HacerAccesible();
   void AvisarCursor();
   void AvisarCambio(const Cambio& cambio);

@@ -8,8 +8,8 @@
 #include "text_box/renglones_lineas.h"
 
 namespace {
-constexpr Punto kPixel = 64;
-constexpr int kAnchoCursor = 1;
+constexpr Punto Pixel = 64;
+constexpr int AnchoCursor = 1;
 }  // namespace
 
 Encuadre::Encuadre(const Documento& documento, bool ajustado)
@@ -29,7 +29,7 @@ void Encuadre::Medir(const QSize& tamano) {
 }
 
 Punto Encuadre::AnchoUtil() const {
-  return std::max(1, tamano_.width() - 2 * kMargen) * kPixel;
+  return std::max(1, tamano_.width() - 2 * Margen) * Pixel;
 }
 
 void Encuadre::Reemplazado(const Cambio& cambio, bool seguir) {
@@ -75,7 +75,7 @@ bool Encuadre::Avanzar(int milisegundos) {
 }
 
 int Encuadre::FilasVisibles() const {
-  return std::max(1, (tamano_.height() - kMargen) / tabla_.AltoFila());
+  return std::max(1, (tamano_.height() - Margen) / tabla_.AltoFila());
 }
 
 std::int64_t Encuadre::FilaMaxima() const {
@@ -124,7 +124,7 @@ Posicion Encuadre::Andar(Posicion fila, std::int64_t filas) const {
 std::int64_t Encuadre::MaximoX() const {
   if (ajustado_) return 0;
   const std::int64_t contenido =
-      (Reparto().AnchoMaximo() + kPixel - 1) / kPixel + 2 * kMargen + kAnchoCursor;
+      (Reparto().AnchoMaximo() + Pixel - 1) / Pixel + 2 * Margen + AnchoCursor;
   return std::max<std::int64_t>(0, contenido - tamano_.width());
 }
 
@@ -141,11 +141,11 @@ void Encuadre::Mostrar(const Lugar& lugar) {
     PonerArriba(Andar(fila, 1 - FilasVisibles()));
   }
   if (ajustado_) return;
-  const std::int64_t x = kMargen + XDe(lugar) / kPixel;
-  if (x - kMargen < x_)
-    PonerX(x - kMargen);
-  else if (x + kMargen + kAnchoCursor > x_ + tamano_.width())
-    PonerX(x + kMargen + kAnchoCursor - tamano_.width());
+  const std::int64_t x = Margen + XDe(lugar) / Pixel;
+  if (x - Margen < x_)
+    PonerX(x - Margen);
+  else if (x + Margen + AnchoCursor > x_ + tamano_.width())
+    PonerX(x + Margen + AnchoCursor - tamano_.width());
 }
 
 Posicion Encuadre::FilaDe(const Lugar& lugar) const {
@@ -160,23 +160,22 @@ Posicion Encuadre::FilaDe(const Lugar& lugar) const {
 QRect Encuadre::Rectangulo(const Lugar& lugar) const {
   const Posicion fila = FilaDe(lugar);
   const Posicion arriba = Arriba();
-  std::int64_t x = kMargen + Reparto().XDe(fila, lugar.pos) / kPixel - x_;
+  std::int64_t x = Margen + Reparto().XDe(fila, lugar.pos) / Pixel - x_;
   // Blanks may hang over the edge of a wrapped row: the caret stays in sight.
-  if (ajustado_) x = std::min<std::int64_t>(x, tamano_.width() - kAnchoCursor);
+  if (ajustado_) x = std::min<std::int64_t>(x, tamano_.width() - AnchoCursor);
   x = std::clamp<std::int64_t>(x, -(1 << 20), 1 << 20);
   int numero = 0;
   const int ultima = tamano_.height() / tabla_.AltoFila() + 1;
   if (fila < arriba) numero = -1;
   for (Posicion otra = arriba; numero >= 0 && numero < ultima && otra != fila; ++numero)
     otra = Andar(otra, 1);
-  return {static_cast<int>(x), kMargen + numero * tabla_.AltoFila(), kAnchoCursor,
-          tabla_.AltoFila()};
+  return {static_cast<int>(x), Margen + numero * tabla_.AltoFila(), AnchoCursor, tabla_.AltoFila()};
 }
 
 Lugar Encuadre::EnPunto(const QPoint& punto) const {
-  const int numero = qFloor(qreal(punto.y() - kMargen) / tabla_.AltoFila());
+  const int numero = qFloor(qreal(punto.y() - Margen) / tabla_.AltoFila());
   const Posicion fila = Andar(Arriba(), std::max(0, numero));
-  return EnFila(fila, std::max<Punto>(0, (punto.x() - kMargen + x_) * kPixel));
+  return EnFila(fila, std::max<Punto>(0, (punto.x() - Margen + x_) * Pixel));
 }
 
 Lugar Encuadre::EnFila(Posicion fila, Punto x) const {

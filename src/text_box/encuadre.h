@@ -21,7 +21,7 @@ struct Lugar {
 // Rows are made when first asked for, never before: a view that is not shown costs nothing.
 class Encuadre {
  public:
-  static constexpr int kMargen = 4;  // pixels, as in the toolkit's own documents
+  static constexpr int Margen = 4;  // pixels, as in the toolkit's own documents
 
   Encuadre(const Documento& documento, bool ajustado);
 

@@ -5,7 +5,7 @@
 #include <QGlyphRun>
 
 namespace {
-constexpr Punto kPixel = 64;
+constexpr Punto Pixel = 64;
 }
 
 PintorTexto::PintorTexto(QPainter& pintor, const Bytes& texto, const Encuadre& encuadre,
@@ -34,12 +34,12 @@ void PintorTexto::Pintar(const Fila& fila) {
 
 // Collects the bytes in sight with their x; every byte is at least a pixel wide.
 void PintorTexto::Reunir(Posicion inicio, Posicion fin) {
-  const Punto izquierda = (encuadre_.X() - Encuadre::kMargen) * kPixel;
+  const Punto izquierda = (encuadre_.X() - Encuadre::Margen) * Pixel;
   const auto corte =
       encuadre_.Reparto().CorteEnX(inicio, std::max<Punto>(0, izquierda - tabla_.AnchoMayor()));
-  const Punto a_la_vista = izquierda + (encuadre_.Tamano().width() + Encuadre::kMargen) * kPixel;
+  const Punto a_la_vista = izquierda + (encuadre_.Tamano().width() + Encuadre::Margen) * Pixel;
   const Posicion cuantos =
-      std::clamp<Posicion>((a_la_vista - corte.x) / kPixel + 1, 0, fin - corte.pos);
+      std::clamp<Posicion>((a_la_vista - corte.x) / Pixel + 1, 0, fin - corte.pos);
   primera_ = corte.pos;
   bytes_.resize(static_cast<std::size_t>(cuantos));
   texto_.Copiar(corte.pos, corte.pos + cuantos, bytes_.data());
@@ -51,13 +51,13 @@ void PintorTexto::Reunir(Posicion inicio, Posicion fin) {
   for (const char caracter : bytes_) {
     if (x > a_la_vista) break;
     const auto byte = static_cast<unsigned char>(caracter);
-    x_.push_back(static_cast<qreal>(x - izquierda) / kPixel);
+    x_.push_back(static_cast<qreal>(x - izquierda) / Pixel);
     glifos_.push_back(tabla_.De(byte).glifo);
     sitios_.emplace_back(x_.back(), 0);
     x = byte == '\t' ? (x / avances.tabulador + 1) * avances.tabulador : x + avances.ancho[byte];
   }
   bytes_.resize(glifos_.size());
-  x_.push_back(static_cast<qreal>(x - izquierda) / kPixel);
+  x_.push_back(static_cast<qreal>(x - izquierda) / Pixel);
 }
 
 std::size_t PintorTexto::Indice(Posicion pos) const {
@@ -68,7 +68,7 @@ std::size_t PintorTexto::Indice(Posicion pos) const {
 void PintorTexto::PintarEleccion(const Fila& fila, std::size_t desde, std::size_t hasta,
                                  bool fin_elegido) {
   const qreal blanco =
-      fin_elegido ? qreal(tabla_.Anchos().ancho[' ']) / kPixel : 0;  // stands for the line end
+      fin_elegido ? qreal(tabla_.Anchos().ancho[' ']) / Pixel : 0;  // stands for the line end
   pintor_.fillRect(
       QRectF(QPointF(x_[desde], fila.y), QPointF(x_[hasta] + blanco, fila.y + tabla_.AltoFila())),
       aspecto_.fondo_elegido);
@@ -85,7 +85,7 @@ void PintorTexto::PintarTramo(std::size_t desde, std::size_t hasta, int y, const
     const std::uint8_t fuente = fuente_de(i);
     const std::size_t inicio = i;
     for (; i < hasta && fuente_de(i) == fuente; ++i) sitios_[i].setY(base);
-    if (fuente == TablaGlifos::kMarca) {
+    if (fuente == TablaGlifos::Marca) {
       PintarMarcas(inicio, i, y);
       continue;
     }

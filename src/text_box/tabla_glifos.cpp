@@ -11,11 +11,11 @@
 
 namespace {
 
-constexpr int kBlancosPorTabulador = 8;
-constexpr std::int32_t kPixel = 64;  // one pixel in 26.6
+constexpr int BlancosPorTabulador = 8;
+constexpr std::int32_t Pixel = 64;  // one pixel in 26.6
 
 std::int32_t EnPuntos(qreal pixeles) {
-  return std::max(kPixel, static_cast<std::int32_t>(qRound(pixeles * kPixel)));
+  return std::max(Pixel, static_cast<std::int32_t>(qRound(pixeles * Pixel)));
 }
 
 bool EsControl(char16_t caracter) {
@@ -40,7 +40,7 @@ TablaGlifos::TablaGlifos(const QFont& fuente) {
   for (int byte = 0; byte < 256; ++byte) {
     const char16_t caracter = PaginaCodigos::ATexto(static_cast<unsigned char>(byte));
     if (EsControl(caracter)) {
-      entradas_[byte].fuente = kMarca;
+      entradas_[byte].fuente = Marca;
       continue;
     }
     const QList<quint32> glifos = fuentes_[0].glyphIndexesForString(QString(QChar(caracter)));
@@ -52,10 +52,10 @@ TablaGlifos::TablaGlifos(const QFont& fuente) {
     const QList<QPointF> avances = fuentes_[0].advancesForGlyphIndexes(glifos);
     avances_.ancho[byte] = EnPuntos(avances.value(0).x());
   }
-  const std::int32_t blanco = std::max(kPixel, avances_.ancho[' ']);
+  const std::int32_t blanco = std::max(Pixel, avances_.ancho[' ']);
   for (int byte = 0; byte < 256; ++byte)
-    if (entradas_[byte].fuente == kMarca) avances_.ancho[byte] = blanco;
-  avances_.tabulador = kBlancosPorTabulador * blanco;
+    if (entradas_[byte].fuente == Marca) avances_.ancho[byte] = blanco;
+  avances_.tabulador = BlancosPorTabulador * blanco;
   ancho_mayor_ = std::max(*std::ranges::max_element(avances_.ancho), avances_.tabulador);
 }
 
@@ -79,7 +79,7 @@ void TablaGlifos::Sustituir(unsigned char byte, const QFont& fuente) {
   Maquetar(maqueta);
   const QList<QGlyphRun> trazos = maqueta.glyphRuns();
   if (trazos.isEmpty() || trazos[0].glyphIndexes().size() != 1) {
-    entradas_[byte].fuente = kMarca;
+    entradas_[byte].fuente = Marca;
     return;
   }
   const std::uint8_t indice = IndiceFuente(trazos[0].rawFont());

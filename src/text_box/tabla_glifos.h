@@ -14,10 +14,10 @@ class TablaGlifos {
  public:
   struct Entrada {
     std::uint32_t glifo = 0;
-    std::uint8_t fuente = 0;  // index for Fuente(), or kMarca
+    std::uint8_t fuente = 0;  // index for Fuente(), or Marca
   };
   // A control character: no glyph, the painter draws a mark as wide as a blank.
-  static constexpr std::uint8_t kMarca = 255;
+  static constexpr std::uint8_t Marca = 255;
 
   // Kerning and ligatures are off; a character that `fuente` lacks comes from the font that the
   // system puts in its place.

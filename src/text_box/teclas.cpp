@@ -15,37 +15,37 @@ struct Renglon {
   Aviso aviso;
 };
 
-constexpr auto kCaracter = Aviso::Caracter;
-constexpr auto kSuprimir = Aviso::Suprimir;
-constexpr auto kNinguno = Aviso::Ninguno;
+constexpr auto Caracter = Aviso::Caracter;
+constexpr auto Suprimir = Aviso::Suprimir;
+constexpr auto Ninguno = Aviso::Ninguno;
 
-constexpr Renglon kEdicion[] = {
-    {Qt::Key_Return, false, Mayus::DaIgual, Orden::Enter, kCaracter},
-    {Qt::Key_Enter, false, Mayus::DaIgual, Orden::Enter, kCaracter},
-    {Qt::Key_Return, true, Mayus::DaIgual, Orden::Enter, kCaracter},
-    {Qt::Key_Enter, true, Mayus::DaIgual, Orden::Enter, kCaracter},
-    {Qt::Key_Tab, false, Mayus::No, Orden::Tabulador, kCaracter},
-    {Qt::Key_Escape, false, Mayus::DaIgual, Orden::Nada, kCaracter},
-    {Qt::Key_Backspace, false, Mayus::DaIgual, Orden::Retroceso, kCaracter},
-    {Qt::Key_Backspace, true, Mayus::DaIgual, Orden::RetrocesoPalabra, kCaracter},
-    {Qt::Key_Delete, false, Mayus::No, Orden::Suprimir, kSuprimir},
-    {Qt::Key_Delete, true, Mayus::DaIgual, Orden::SuprimirPalabra, kSuprimir},
-    {Qt::Key_Delete, false, Mayus::Si, Orden::Cortar, kSuprimir},
-    {Qt::Key_Insert, true, Mayus::No, Orden::Copiar, kCaracter},
-    {Qt::Key_Insert, false, Mayus::Si, Orden::Pegar, kCaracter},
-    {Qt::Key_C, true, Mayus::No, Orden::Copiar, kCaracter},
-    {Qt::Key_X, true, Mayus::No, Orden::Cortar, kCaracter},
-    {Qt::Key_V, true, Mayus::No, Orden::Pegar, kCaracter},
-    {Qt::Key_A, true, Mayus::No, Orden::ElegirTodo, kCaracter},
-    {Qt::Key_Z, true, Mayus::No, Orden::Deshacer, kCaracter},
-    {Qt::Key_Z, true, Mayus::Si, Orden::Rehacer, kCaracter},
-    {Qt::Key_Y, true, Mayus::No, Orden::Rehacer, kCaracter},
-    {Qt::Key_Copy, false, Mayus::No, Orden::Copiar, kCaracter},
-    {Qt::Key_Cut, false, Mayus::No, Orden::Cortar, kCaracter},
-    {Qt::Key_Paste, false, Mayus::No, Orden::Pegar, kCaracter},
-    {Qt::Key_F10, false, Mayus::Si, Orden::Menu, kNinguno},
-    {Qt::Key_Up, true, Mayus::No, Orden::RodarArriba, kNinguno},
-    {Qt::Key_Down, true, Mayus::No, Orden::RodarAbajo, kNinguno},
+constexpr Renglon Edicion[] = {
+    {Qt::Key_Return, false, Mayus::DaIgual, Orden::Enter, Caracter},
+    {Qt::Key_Enter, false, Mayus::DaIgual, Orden::Enter, Caracter},
+    {Qt::Key_Return, true, Mayus::DaIgual, Orden::Enter, Caracter},
+    {Qt::Key_Enter, true, Mayus::DaIgual, Orden::Enter, Caracter},
+    {Qt::Key_Tab, false, Mayus::No, Orden::Tabulador, Caracter},
+    {Qt::Key_Escape, false, Mayus::DaIgual, Orden::Nada, Caracter},
+    {Qt::Key_Backspace, false, Mayus::DaIgual, Orden::Retroceso, Caracter},
+    {Qt::Key_Backspace, true, Mayus::DaIgual, Orden::RetrocesoPalabra, Caracter},
+    {Qt::Key_Delete, false, Mayus::No, Orden::Suprimir, Suprimir},
+    {Qt::Key_Delete, true, Mayus::DaIgual, Orden::SuprimirPalabra, Suprimir},
+    {Qt::Key_Delete, false, Mayus::Si, Orden::Cortar, Suprimir},
+    {Qt::Key_Insert, true, Mayus::No, Orden::Copiar, Caracter},
+    {Qt::Key_Insert, false, Mayus::Si, Orden::Pegar, Caracter},
+    {Qt::Key_C, true, Mayus::No, Orden::Copiar, Caracter},
+    {Qt::Key_X, true, Mayus::No, Orden::Cortar, Caracter},
+    {Qt::Key_V, true, Mayus::No, Orden::Pegar, Caracter},
+    {Qt::Key_A, true, Mayus::No, Orden::ElegirTodo, Caracter},
+    {Qt::Key_Z, true, Mayus::No, Orden::Deshacer, Caracter},
+    {Qt::Key_Z, true, Mayus::Si, Orden::Rehacer, Caracter},
+    {Qt::Key_Y, true, Mayus::No, Orden::Rehacer, Caracter},
+    {Qt::Key_Copy, false, Mayus::No, Orden::Copiar, Caracter},
+    {Qt::Key_Cut, false, Mayus::No, Orden::Cortar, Caracter},
+    {Qt::Key_Paste, false, Mayus::No, Orden::Pegar, Caracter},
+    {Qt::Key_F10, false, Mayus::Si, Orden::Menu, Ninguno},
+    {Qt::Key_Up, true, Mayus::No, Orden::RodarArriba, Ninguno},
+    {Qt::Key_Down, true, Mayus::No, Orden::RodarAbajo, Ninguno},
 };
 
 struct Paso {
@@ -54,7 +54,7 @@ struct Paso {
   Orden con_control;
 };
 
-constexpr Paso kMovimiento[] = {
+constexpr Paso Movimiento[] = {
     {Qt::Key_Left, Orden::Izquierda, Orden::PalabraIzquierda},
     {Qt::Key_Right, Orden::Derecha, Orden::PalabraDerecha},
     {Qt::Key_Up, Orden::FilaArriba, Orden::FilaArriba},
@@ -83,10 +83,10 @@ Tecla Interpretar(const QKeyEvent& evento) {
   const bool mayus = modificadores & Qt::ShiftModifier;
   const int tecla = evento.key();
   const auto* orden = std::ranges::find_if(
-      kEdicion, [&](const Renglon& renglon) { return Coincide(renglon, tecla, control, mayus); });
-  if (orden != std::end(kEdicion)) return {orden->orden, orden->aviso, false};
-  const auto* paso = std::ranges::find(kMovimiento, tecla, &Paso::tecla);
-  if (paso != std::end(kMovimiento))
+      Edicion, [&](const Renglon& renglon) { return Coincide(renglon, tecla, control, mayus); });
+  if (orden != std::end(Edicion)) return {orden->orden, orden->aviso, false};
+  const auto* paso = std::ranges::find(Movimiento, tecla, &Paso::tecla);
+  if (paso != std::end(Movimiento))
     return {control ? paso->con_control : paso->suelta, Aviso::Ninguno, mayus};
   if (control && tecla >= Qt::Key_A && tecla <= Qt::Key_Z)
     return {Orden::Nada, Aviso::Caracter, false};

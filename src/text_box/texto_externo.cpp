@@ -8,7 +8,7 @@
 
 namespace {
 
-const QString kTextoLlano = QStringLiteral("text/plain");
+const QString TextoLlano = QStringLiteral("text/plain");
 
 // Every line end of `texto` becomes `fin`. In place of a regular expression: texts are long.
 template <typename Texto>
@@ -42,14 +42,14 @@ QString ParaFuera(const QByteArray& bytes) {
 }
 
 QStringList DatosTexto::formats() const {
-  return {kTextoLlano};
+  return {TextoLlano};
 }
 
 QVariant DatosTexto::retrieveData(const QString& formato, QMetaType /*tipo*/) const {
-  return formato == kTextoLlano ? QVariant(ParaFuera(bytes_)) : QVariant();
+  return formato == TextoLlano ? QVariant(ParaFuera(bytes_)) : QVariant();
 }
 
 bool TraeTexto(const QMimeData* datos) {
-  if (!datos || !datos->hasFormat(kTextoLlano)) return false;
+  if (!datos || !datos->hasFormat(TextoLlano)) return false;
   return std::ranges::none_of(datos->urls(), [](const QUrl& url) { return url.isLocalFile(); });
 }

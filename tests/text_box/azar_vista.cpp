@@ -4,17 +4,17 @@
 
 namespace {
 
-const char* const kTeclas[] = {"Left",      "Right",        "Up",         "Down",
-                               "Home",      "End",          "PgUp",       "PgDown",
-                               "Ctrl+Left", "Ctrl+Right",   "Ctrl+Home",  "Ctrl+End",
-                               "Ctrl+Up",   "Ctrl+Down",    "Shift+Left", "Shift+Down",
-                               "Shift+End", "Shift+PgDown", "Shift+PgUp", "Ctrl+Shift+Left",
-                               "Return",    "Return",       "Tab",        "Backspace",
-                               "Backspace", "Del",          "Ctrl+Del",   "Ctrl+Z",
-                               "Ctrl+Z",    "Ctrl+Y",       "Ctrl+X",     "Ctrl+C",
-                               "Ctrl+V",    "Esc",          "Shift+Home", "Ctrl+Backspace"};
+const char* const Teclas[] = {"Left",      "Right",        "Up",         "Down",
+                              "Home",      "End",          "PgUp",       "PgDown",
+                              "Ctrl+Left", "Ctrl+Right",   "Ctrl+Home",  "Ctrl+End",
+                              "Ctrl+Up",   "Ctrl+Down",    "Shift+Left", "Shift+Down",
+                              "Shift+End", "Shift+PgDown", "Shift+PgUp", "Ctrl+Shift+Left",
+                              "Return",    "Return",       "Tab",        "Backspace",
+                              "Backspace", "Del",          "Ctrl+Del",   "Ctrl+Z",
+                              "Ctrl+Z",    "Ctrl+Y",       "Ctrl+X",     "Ctrl+C",
+                              "Ctrl+V",    "Esc",          "Shift+Home", "Ctrl+Backspace"};
 
-const char* const kFuentes[] = {"Liberation Mono", "Liberation Sans", "DejaVu Serif"};
+const char* const Fuentes[] = {"Liberation Mono", "Liberation Sans", "DejaVu Serif"};
 
 }  // namespace
 
@@ -58,7 +58,7 @@ void AzarVista::Teclear() {
   if (Hasta(3) == 0) {
     accion_ = std::string(1, char('a' + Hasta(26)));
   } else {
-    accion_ = kTeclas[std::size_t(Hasta(int(std::size(kTeclas))))];
+    accion_ = Teclas[std::size_t(Hasta(int(std::size(Teclas))))];
   }
   banco_.Teclas(accion_.c_str());
 }
@@ -87,7 +87,7 @@ void AzarVista::Cambiar() {
       return caja.resize(60 + Hasta(400), 40 + Hasta(200));
     case 1: {
       accion_ = "font";
-      QFont fuente(QString::fromLatin1(kFuentes[Hasta(3)]), 7 + Hasta(8));
+      QFont fuente(QString::fromLatin1(Fuentes[Hasta(3)]), 7 + Hasta(8));
       fuente.setUnderline(Hasta(4) == 0);
       return caja.PonerFuente(fuente);
     }

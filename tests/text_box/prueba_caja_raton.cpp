@@ -6,10 +6,10 @@
 
 namespace {
 
-constexpr auto kPulsar = QEvent::MouseButtonPress;
-constexpr auto kMover = QEvent::MouseMove;
-constexpr auto kSoltar = QEvent::MouseButtonRelease;
-constexpr auto kDoble = QEvent::MouseButtonDblClick;
+constexpr auto Pulsar = QEvent::MouseButtonPress;
+constexpr auto Mover = QEvent::MouseMove;
+constexpr auto Soltar = QEvent::MouseButtonRelease;
+constexpr auto Doble = QEvent::MouseButtonDblClick;
 
 }  // namespace
 
@@ -23,21 +23,21 @@ TEST(CajaRaton, clicks_and_drags_select_characters_words_and_lines) {
   EXPECT_EQ(banco.Estado(), "uno d^os\r\nt|res, cuatro\nfin");
   banco.Clic({300, 150});  // below the text
   EXPECT_EQ(banco.Estado(), texto + "|");
-  banco.Raton(kPulsar, banco.Sitio(12));
-  banco.Raton(kMover, banco.Sitio(4));
-  banco.Raton(kSoltar, banco.Sitio(4));
+  banco.Raton(Pulsar, banco.Sitio(12));
+  banco.Raton(Mover, banco.Sitio(4));
+  banco.Raton(Soltar, banco.Sitio(4));
   EXPECT_EQ(banco.Estado(), "uno |dos\r\ntre^s, cuatro\nfin");
   banco.Clic(banco.Sitio(11), Qt::ShiftModifier);  // ends the drag's selection anew
   banco.Clic(banco.Sitio(0));
-  banco.Raton(kPulsar, banco.Sitio(16));
-  banco.Raton(kSoltar, banco.Sitio(16));
-  banco.Raton(kDoble, banco.Sitio(16));
+  banco.Raton(Pulsar, banco.Sitio(16));
+  banco.Raton(Soltar, banco.Sitio(16));
+  banco.Raton(Doble, banco.Sitio(16));
   EXPECT_EQ(banco.Estado(), "uno dos\r\ntres, ^cuatro|\nfin");
-  banco.Raton(kMover, banco.Sitio(5));
-  banco.Raton(kSoltar, banco.Sitio(5));
+  banco.Raton(Mover, banco.Sitio(5));
+  banco.Raton(Soltar, banco.Sitio(5));
   EXPECT_EQ(banco.Estado(), "uno |dos\r\ntres, cuatro^\nfin");
-  banco.Raton(kDoble, banco.Sitio(16));
-  banco.Raton(kSoltar, banco.Sitio(16));
+  banco.Raton(Doble, banco.Sitio(16));
+  banco.Raton(Soltar, banco.Sitio(16));
   banco.Clic(banco.Sitio(16));
   EXPECT_EQ(banco.Estado(), "uno dos\r\n^tres, cuatro\n|fin");
   EXPECT_EQ(banco.avisos, "");
@@ -46,9 +46,9 @@ TEST(CajaRaton, clicks_and_drags_select_characters_words_and_lines) {
 TEST(CajaRaton, a_press_on_the_selection_keeps_it_until_it_is_released) {
   BancoCaja banco;
   banco.Poner("a^bcd|e");
-  banco.Raton(kPulsar, banco.Sitio(2));
+  banco.Raton(Pulsar, banco.Sitio(2));
   EXPECT_EQ(banco.Estado(), "a^bcd|e");
-  banco.Raton(kSoltar, banco.Sitio(2));
+  banco.Raton(Soltar, banco.Sitio(2));
   EXPECT_EQ(banco.Estado(), "ab|cde");
 }
 
