@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QColorDialog>
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QGroupBox>
 #include <QHash>
@@ -62,10 +63,27 @@ class EnEspanol : public QStyledItemDelegate {
   }
 };
 
+// The plainest of the family's styles with that weight and slant; empty when it has none. The
+// dialog finds a style by the font's own name for it only, which is never a translated one.
+QString EstiloDe(const QString& familia, bool negrita, bool cursiva) {
+  const int peso = negrita ? QFont::Bold : QFont::Normal;
+  QString hallado;
+  for (const QString& estilo : QFontDatabase::styles(familia)) {
+    const bool sirve = QFontDatabase::weight(familia, estilo) == peso &&
+                       QFontDatabase::italic(familia, estilo) == cursiva;
+    if (sirve && (hallado.isEmpty() || estilo.size() < hallado.size())) {
+      hallado = estilo;
+    }
+  }
+  return hallado;
+}
+
 // What is drawn now: of an installed family.
 QFont FuenteMostrada(const FuenteTexto& fuente) {
   QFont mostrada = FuenteDe(fuente);
-  mostrada.setFamily(QFontInfo(mostrada).family());
+  const QString familia = QFontInfo(mostrada).family();
+  mostrada.setFamily(familia);
+  mostrada.setStyleName(EstiloDe(familia, fuente.negrita, fuente.cursiva));
   mostrada.setPointSizeF(fuente.puntos);
   return mostrada;
 }

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <memory>
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QTranslator>
 
 #include "platform/dialogo_fuente.h"
 
@@ -20,11 +22,17 @@ const EleccionFuente Falta{{QStringLiteral("Letra que falta"), 9.75, true, false
 
 class ElDialogoDeFuente : public testing::Test {
  protected:
+  ElDialogoDeFuente() {
+    EXPECT_TRUE(idioma.load(QStringLiteral(":/traducciones/qtbase_es.qm")));
+    QApplication::installTranslator(&idioma);
+    dialogo = std::make_unique<DialogoFuente>(Falta);
+    dialogo->show();
+  }
   QAbstractItemView& Lista(Columna columna) {
-    return *dialogo.findChildren<QAbstractItemView*>(Qt::FindDirectChildrenOnly).at(columna);
+    return *dialogo->findChildren<QAbstractItemView*>(Qt::FindDirectChildrenOnly).at(columna);
   }
   QLineEdit& Campo(Columna columna) {
-    return *dialogo.findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly).at(columna);
+    return *dialogo->findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly).at(columna);
   }
   void Pulsar(Columna columna, const QString& entrada) {
     QAbstractItemView& lista = Lista(columna);
@@ -36,51 +44,61 @@ class ElDialogoDeFuente : public testing::Test {
                       lista.visualRect(halladas.first()).center());
   }
 
-  DialogoFuente dialogo{Falta};
+  QTranslator idioma;  // what is found by its English name is not found any more
+  std::unique_ptr<DialogoFuente> dialogo;
 };
 
 TEST_F(ElDialogoDeFuente, what_is_not_touched_comes_back_as_it_was) {
-  dialogo.show();
-  EXPECT_EQ(dialogo.Elegida(), Falta);
+  EXPECT_EQ(dialogo->Elegida(), Falta);
   auto tachado = Falta;
   tachado.fuente.tachada = true;
-  dialogo.findChildren<QCheckBox*>().first()->click();
-  EXPECT_EQ(dialogo.Elegida(), tachado) << "an effect alone changes neither family nor size";
+  dialogo->findChildren<QCheckBox*>().first()->click();
+  EXPECT_EQ(dialogo->Elegida(), tachado) << "an effect alone changes neither family nor size";
 }
 
 TEST_F(ElDialogoDeFuente, a_family_that_is_missing_and_a_broken_size_change_when_chosen) {
-  dialogo.show();
   Pulsar(Familia, QStringLiteral("Liberation Mono"));
   auto elegida = Falta;
   elegida.fuente.nombre = QStringLiteral("Liberation Mono");
-  EXPECT_EQ(dialogo.Elegida(), elegida);
+  EXPECT_EQ(dialogo->Elegida(), elegida);
   Pulsar(Tamano, QStringLiteral("10"));  // the entry that stood for 9.75
-  EXPECT_EQ(dialogo.Elegida().fuente.puntos, 10);
+  EXPECT_EQ(dialogo->Elegida().fuente.puntos, 10);
   Campo(Tamano).clear();
-  EXPECT_EQ(dialogo.Elegida().fuente.puntos, 9.75) << "no size at all";
+  EXPECT_EQ(dialogo->Elegida().fuente.puntos, 9.75) << "no size at all";
 }
 
 TEST_F(ElDialogoDeFuente, the_styles_are_shown_in_spanish_and_chosen_by_the_fonts_own_names) {
-  dialogo.show();
   Pulsar(Familia, QStringLiteral("Liberation Mono"));
   EXPECT_EQ(Campo(Estilo).text(), QStringLiteral("Negrita"));
   Pulsar(Estilo, QStringLiteral("Bold Italic"));
   EXPECT_EQ(Campo(Estilo).text(), QStringLiteral("Negrita cursiva"));
-  EXPECT_TRUE(dialogo.Elegida().fuente.negrita && dialogo.Elegida().fuente.cursiva);
+  EXPECT_TRUE(dialogo->Elegida().fuente.negrita && dialogo->Elegida().fuente.cursiva);
   Pulsar(Estilo, QStringLiteral("Regular"));
-  EXPECT_FALSE(dialogo.Elegida().fuente.negrita || dialogo.Elegida().fuente.cursiva);
+  EXPECT_FALSE(dialogo->Elegida().fuente.negrita || dialogo->Elegida().fuente.cursiva);
+}
+
+TEST_F(ElDialogoDeFuente, it_opens_with_the_present_style_selected) {
+  for (const bool negrita : {false, true}) {
+    for (const bool cursiva : {false, true}) {
+      const EleccionFuente actual{{QStringLiteral("Courier"), 10, negrita, cursiva}, Qt::black};
+      const DialogoFuente uno(actual);
+      EXPECT_EQ(uno.currentFont().bold(), negrita);
+      EXPECT_EQ(uno.currentFont().italic(), cursiva);
+      EXPECT_EQ(uno.currentFont().family(), QStringLiteral("Liberation Mono"));
+    }
+  }
 }
 
 TEST_F(ElDialogoDeFuente, its_button_asks_for_the_colour) {
   for (const bool aceptar : {false, true}) {
-    QTimer::singleShot(0, &dialogo, [aceptar] {
+    QTimer::singleShot(0, dialogo.get(), [aceptar] {
       auto* colores = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
       EXPECT_EQ(colores->currentColor(), QColor(Qt::red));
       colores->setCurrentColor(Qt::blue);
       aceptar ? colores->accept() : colores->reject();
     });
-    dialogo.findChild<QPushButton*>(QStringLiteral("BotonColor"))->click();
-    EXPECT_EQ(dialogo.Elegida().color, aceptar ? QColor(Qt::blue) : QColor(Qt::red));
+    dialogo->findChild<QPushButton*>(QStringLiteral("BotonColor"))->click();
+    EXPECT_EQ(dialogo->Elegida().color, aceptar ? QColor(Qt::blue) : QColor(Qt::red));
   }
 }
 
