@@ -10,33 +10,18 @@ namespace {
 
 constexpr int AlCambiar = 64;  // blocks that are worked out at once
 
-// Replaces `viejos` elements from `desde` on by `nuevos` fresh ones.
-template <typename T>
-void Empalmar(std::vector<T>& vector, const Lineas::Empalme& empalme, const T& valor) {
-  const auto lugar = vector.begin() + static_cast<std::ptrdiff_t>(empalme.desde);
-  const std::size_t comunes = std::min(empalme.viejos, empalme.nuevos);
-  const auto resto = std::fill_n(lugar, comunes, valor);
-  if (empalme.viejos > comunes)
-    vector.erase(resto, resto + static_cast<std::ptrdiff_t>(empalme.viejos - comunes));
-  else
-    vector.insert(resto, empalme.nuevos - comunes, valor);
-}
-
 }  // namespace
 
 void RenglonesLineas::Configurar(const Avances& avances) {
-  pluma_ = Pluma(avances);
-  Recargado();
+  curvas_.Reiniciar(avances);
+  desconocidos_ = lineas_->Bloques().Bloques();
+  maximos_.assign(desconocidos_, -1);
+  primero_ = 0;
+  ancho_al_dia_ = false;
 }
 
 void RenglonesLineas::Recargado() {
-  if (!Configurado()) return;
-  const std::size_t n = lineas_->Bloques().Bloques();
-  curvas_.assign(n, {});
-  maximos_.assign(n, -1);
-  desconocidos_ = n;
-  primero_ = 0;
-  ancho_al_dia_ = false;
+  if (Configurado()) Configurar(curvas_.LaPluma().Tabla());
 }
 
 void RenglonesLineas::Reemplazado(const Cambio& cambio) {
@@ -47,8 +32,8 @@ void RenglonesLineas::Reemplazado(const Cambio& cambio) {
   const auto ultimo = primero + static_cast<std::ptrdiff_t>(empalme.viejos);
   desconocidos_ -= static_cast<std::size_t>(std::count(primero, ultimo, -1));
   desconocidos_ += empalme.nuevos;
-  Empalmar(curvas_, empalme, {});
-  Empalmar<Punto>(maximos_, empalme, -1);
+  curvas_.Empalmar(empalme);
+  EmpalmarVector<Punto>(maximos_, empalme, -1);
   primero_ = std::min(primero_, empalme.desde);
   // The line that was changed may have started long before, and what follows the change may be
   // a line's start no longer, or only now.
@@ -107,27 +92,12 @@ bool RenglonesLineas::Maximo(std::size_t bloque, int& bloques) {
     Posicion fin_linea = PrimerFin(texto, pos, fin);
     const bool sigue = fin_linea == fin;
     if (sigue) fin_linea = lineas_->FinDe(pos);
-    if (!PrepararCurvas(bloque + 1, fin, fin_linea, bloques)) return false;
-    maximo = std::max(maximo, sigue ? XDe(pos, fin_linea) : pluma_.Medir(texto, pos, fin_linea, 0));
+    if (!curvas_.Preparar(bloque + 1, fin, fin_linea, bloques)) return false;
+    maximo = std::max(
+        maximo, sigue ? XDe(pos, fin_linea) : curvas_.LaPluma().Medir(texto, pos, fin_linea, 0));
     pos = sigue ? fin : texto.TrasElFin(fin_linea);
   }
   maximos_[bloque] = maximo;
-  return true;
-}
-
-// The curves of the blocks from number `bloque` on, which starts at `pos`, up to the one in which
-// a line ends at `fin`.
-bool RenglonesLineas::PrepararCurvas(std::size_t bloque, Posicion pos, Posicion fin,
-                                     int& bloques) const {
-  while (pos < fin) {
-    const Posicion hasta = pos + static_cast<Posicion>(lineas_->Bloques().En(bloque).bytes);
-    if (hasta < fin && curvas_[bloque].antes == SinCalcular) {
-      if (bloques-- <= 0) return false;
-      curvas_[bloque] = Calcular(pos, hasta);
-    }
-    pos = hasta;
-    ++bloque;
-  }
   return true;
 }
 

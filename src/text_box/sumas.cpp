@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::size_t PorGrupo = 64;
+constexpr std::size_t PorGrupo = Sumas::PorGrupo;
 
 // Runs through groups, then through the blocks of one, as long as `queda_atras` says that all of
 // what was summed up so far, with the next, lies before what is sought.

@@ -14,6 +14,8 @@
 
 class Sumas {
  public:
+  static constexpr std::size_t PorGrupo = 64;  // blocks
+
   struct Bloque {
     std::uint32_t bytes = 0;
     std::uint32_t cuenta = 0;
@@ -33,6 +35,7 @@ class Sumas {
 
   std::size_t Bloques() const { return bloques_.size(); }
   Bloque En(std::size_t bloque) const { return bloques_[bloque]; }
+  Posicion BytesDeGrupo(std::size_t grupo) const { return grupos_[grupo].bytes; }
   Posicion Bytes() const { return total_.bytes; }
   std::int64_t Cuenta() const { return total_.cuenta; }
 
