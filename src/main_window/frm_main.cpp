@@ -1,5 +1,7 @@
 #include "main_window/frm_main.h"
 
+#include <chrono>
+
 #include <QCoreApplication>
 #include <QLabel>
 #include <QPainter>
@@ -22,8 +24,10 @@ constexpr RectTwips RectTotal{200, 1835, 225, 195};
 constexpr RectTwips RectError{790, 585, 675, 195};
 constexpr qreal PuntosEtiqueta = 8.25;
 
-constexpr int ComandoFavoritas = 5;
-constexpr int ComandoVisible = 6;
+constexpr std::chrono::milliseconds EsperaError{4000};
+
+constexpr int IconoFavoritas = 5;
+constexpr int IconoVisible = 6;
 
 QLabel* Etiqueta(QWidget* padre, const QString& nombre, const RectTwips& rect) {
   auto* etiqueta = new QLabel(padre);
@@ -80,7 +84,12 @@ void FrmMain::CrearEtiquetas() {
   QPalette negro = LblError->palette();
   negro.setColor(QPalette::Window, Qt::black);
   LblError->setPalette(negro);
+  LblError->setWordWrap(true);
   LblError->hide();
+  TmrError.setObjectName(QStringLiteral("TmrError"));
+  TmrError.setSingleShot(true);
+  TmrError.setInterval(EsperaError);
+  connect(&TmrError, &QTimer::timeout, this, &FrmMain::TmrError_Timer);
 }
 
 // The order of these steps is the program's start.
@@ -90,10 +99,10 @@ void FrmMain::Form_Load() {
   LeerAjustes();
   gral_.perfil.Leer(gral_.ArchivoINI, u"Opciones", u"Favoritas", u"No");
   if (gral_.perfil.EsSi()) {
-    ImgMenu_Click(ComandoFavoritas);
+    ImgMenu_Click(IconoFavoritas);
   }
   Texto().Mostrar();
-  ImgMenu_Click(ComandoVisible);
+  ImgMenu_Click(IconoVisible);
 }
 
 void FrmMain::LeerAjustes() {

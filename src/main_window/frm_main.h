@@ -5,6 +5,7 @@
 #include <memory>
 
 #include <QPixmap>
+#include <QTimer>
 
 #include "main_window/lista_archivos.h"
 #include "platform/escritorio.h"
@@ -39,6 +40,8 @@ class FrmMain : public Ventana {
   void AgregarArchivo();  // lists the file of ArchivoActual, or selects its entry
   void ListBox_Click();
   void ListBox_KeyDown(int codigo);  // 46 is Delete
+  void AbrirFavoritas();             // lists the text files of the favourite folders
+  void TmrError_Timer();
 
  protected:
   void mouseMoveEvent(QMouseEvent* evento) override;
@@ -65,11 +68,11 @@ class FrmMain : public Ventana {
   void ComandoOpciones();
   void ComandoBorrar();
   void ComandoInformacion();
+  void ComandoFavoritas();
   void ComandoSVisible();
   void ComandoAnterior();
   void ComandoSiguiente();
   void ComandoAyuda();
-  void SinEfecto() {}
 
   PeticionArchivo Peticion(const QString& titulo) const;
   void EnviarPapelera(const QString& ruta);
@@ -78,6 +81,8 @@ class FrmMain : public Ventana {
   void VolverALaLista();
   void Seleccionar(int indice);
   void MostrarTotal();
+  void AvisarNoAbiertas(int cuantas);
+  void AvisarListaLlena();
   FrmTexto& Texto();  // loaded when it is not
   void TraerTexto();
   void TextoCerrado();
@@ -95,6 +100,8 @@ class FrmMain : public Ventana {
   VistaLista* ListBox = nullptr;
   QLabel* LblTotal = nullptr;
   QLabel* LblError = nullptr;
+  QTimer TmrError{this};  // hides LblError
+  CarpetaLeida FileList;  // the folder that was listed last, and its text files
   std::array<Imagen*, Iconos> ImgMenu{};
   std::array<Imagen*, Iconos> ImgSel{};
 };

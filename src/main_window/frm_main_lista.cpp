@@ -27,15 +27,19 @@ void FrmMain::AgregarArchivo() {
   if (indice < 0) {
     if (lista_.Llena()) {
       gral_.ArchivoActual = gral_.ArchivoCargado;
-      escritorio_.mensajes.Critico(
-          *this, QStringLiteral("La lista ya tiene %1 archivos.").arg(lista_.Total()),
-          QStringLiteral("LISTA LLENA"));
+      AvisarListaLlena();
       return;
     }
     indice = lista_.Agregar(ruta);
     MostrarTotal();
   }
   Seleccionar(indice);
+}
+
+void FrmMain::AvisarListaLlena() {
+  escritorio_.mensajes.Critico(*this,
+                               QStringLiteral("La lista ya tiene %1 archivos.").arg(lista_.Total()),
+                               QStringLiteral("LISTA LLENA"));
 }
 
 // Selecting by program always runs the click handler.

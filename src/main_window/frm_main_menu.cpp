@@ -45,7 +45,7 @@ const std::array<FrmMain::Comando, FrmMain::Iconos>& FrmMain::Comandos() {
        {1230, 870, 435, 435},
        {1155, 840, 570, 510},
        false,
-       &FrmMain::SinEfecto},
+       &FrmMain::ComandoFavoritas},
       {QStringLiteral("S.Visible"),
        {1800, 870, 410, 435},
        {1750, 840, 450, 495},

@@ -1,6 +1,7 @@
 #include "main_window/lista_archivos.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "shared/constantes.h"
@@ -32,26 +33,86 @@ int ListaArchivos::Lugar(const Entrada& entrada) const {
 }
 
 int ListaArchivos::Buscar(const QString& ruta) const {
-  const auto [desde, hasta] = por_ruta_.equal_range(AMayusculas(ruta));
-  const auto igual = std::find_if(
-      desde, hasta, [&](int entrada) { return MismoArchivo(entradas_[entrada].ruta, ruta); });
-  if (igual == hasta) {
+  const int numero = Numero(ruta, AMayusculas(ruta));
+  if (numero < 0) {
     return -1;
   }
-  return static_cast<int>(std::find(orden_.begin(), orden_.end(), *igual) - orden_.begin());
+  return static_cast<int>(std::find(orden_.begin(), orden_.end(), numero) - orden_.begin());
+}
+
+int ListaArchivos::Numero(const QString& ruta, const QString& mayusculas) const {
+  const auto [desde, hasta] = por_ruta_.equal_range(mayusculas);
+  const auto igual = std::find_if(
+      desde, hasta, [&](int entrada) { return MismoArchivo(entradas_[entrada].ruta, ruta); });
+  return igual == hasta ? -1 : *igual;
+}
+
+ListaArchivos::Entrada ListaArchivos::Nueva(const QString& ruta) const {
+  const QString nombre = ruta.mid(ruta.lastIndexOf(SeparadorRuta) + 1);
+  return {ruta, nombre, orden_nombres_.Clave(nombre)};
+}
+
+void ListaArchivos::Anotar(Entrada entrada, const QString& mayusculas) {
+  por_ruta_.insert(mayusculas, static_cast<int>(entradas_.size()));
+  entradas_.push_back(std::move(entrada));
 }
 
 int ListaArchivos::Agregar(const QString& ruta) {
-  const QString nombre = ruta.mid(ruta.lastIndexOf(SeparadorRuta) + 1);
-  Entrada entrada{ruta, nombre, orden_nombres_.Clave(nombre)};
+  Entrada entrada = Nueva(ruta);
   const int indice = Lugar(entrada);
   beginInsertRows({}, indice, indice);
-  entradas_.push_back(std::move(entrada));
-  const int numero = static_cast<int>(entradas_.size()) - 1;
-  orden_.insert(orden_.begin() + indice, numero);
-  por_ruta_.insert(AMayusculas(ruta), numero);
+  orden_.insert(orden_.begin() + indice, static_cast<int>(entradas_.size()));
+  Anotar(std::move(entrada), AMayusculas(ruta));
   endInsertRows();
   return indice;
+}
+
+bool ListaArchivos::AgregarVarios(const QStringList& rutas) {
+  const int primera_nueva = static_cast<int>(entradas_.size());
+  bool caben = true;
+  for (const QString& ruta : rutas) {
+    const QString mayusculas = AMayusculas(ruta);
+    if (Numero(ruta, mayusculas) >= 0) {
+      continue;
+    }
+    caben = Total() + static_cast<int>(entradas_.size()) - primera_nueva < MaximoArchivos;
+    if (!caben) {
+      break;
+    }
+    Anotar(Nueva(ruta), mayusculas);
+  }
+  if (static_cast<int>(entradas_.size()) > primera_nueva) {
+    Intercalar(primera_nueva);
+  }
+  return caben;
+}
+
+// The entries from `primera_nueva` on come into the order, behind those that are equal to them.
+void ListaArchivos::Intercalar(int primera_nueva) {
+  emit layoutAboutToBeChanged();
+  const QModelIndexList antes = persistentIndexList();
+  std::vector<int> numeros;
+  for (const QModelIndex& indice : antes) {
+    numeros.push_back(orden_[indice.row()]);
+  }
+  const auto va_antes = [this](int una, int otra) {
+    return VaAntes(entradas_[una], entradas_[otra]);
+  };
+  const auto viejas = static_cast<std::ptrdiff_t>(orden_.size());
+  orden_.resize(orden_.size() + entradas_.size() - primera_nueva);
+  std::iota(orden_.begin() + viejas, orden_.end(), primera_nueva);
+  std::stable_sort(orden_.begin() + viejas, orden_.end(), va_antes);
+  std::inplace_merge(orden_.begin(), orden_.begin() + viejas, orden_.end(), va_antes);
+  std::vector<int> lugares(entradas_.size());
+  for (int i = 0; i < Total(); ++i) {
+    lugares[orden_[i]] = i;
+  }
+  QModelIndexList despues;
+  for (const int numero : numeros) {
+    despues << index(lugares[numero], 0);
+  }
+  changePersistentIndexList(antes, despues);
+  emit layoutChanged();
 }
 
 void ListaArchivos::Quitar(int indice) {

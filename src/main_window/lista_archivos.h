@@ -25,6 +25,9 @@ class ListaArchivos : public QAbstractListModel {
   int Buscar(const QString& ruta) const;
   // Inserts a file that is not listed at its sorted place and returns that index.
   int Agregar(const QString& ruta);
+  // Inserts those of the files that are not listed, told to the view in one go; what is selected
+  // stays selected. False when the list became full before the last of them.
+  bool AgregarVarios(const QStringList& rutas);
   void Quitar(int indice);
 
   int rowCount(const QModelIndex& padre = {}) const override;
@@ -38,6 +41,10 @@ class ListaArchivos : public QAbstractListModel {
   };
   static bool VaAntes(const Entrada& una, const Entrada& otra);
   int Lugar(const Entrada& entrada) const;
+  int Numero(const QString& ruta, const QString& mayusculas) const;  // -1: not listed
+  Entrada Nueva(const QString& ruta) const;
+  void Anotar(Entrada entrada, const QString& mayusculas);
+  void Intercalar(int primera_nueva);
 
   OrdenNombres orden_nombres_;
   std::deque<Entrada> entradas_;       // in the order of their coming; never moved

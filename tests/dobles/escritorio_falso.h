@@ -78,13 +78,15 @@ struct AspectoFalso : DialogosAspecto {
 struct UnidadesFalsas : UnidadesReales {
   std::vector<Unidad> Listar() override { return unidades; }
   ResultadoCon<CarpetaLeida> Leer(const QString& carpeta, Busca que) override {
-    leidas << carpeta;
+    if (inventadas.contains(carpeta)) {
+      return CarpetaLeida{carpeta, inventadas[carpeta]};
+    }
     const int fallo = fallos.value(carpeta);
     return fallo == 0 ? UnidadesReales::Leer(carpeta, que) : Resultado::Fallo(fallo);
   }
   std::vector<Unidad> unidades{{QStringLiteral("Sistema"), QStringLiteral("/")}};
-  QHash<QString, int> fallos;  // folder -> errno
-  QStringList leidas;
+  QHash<QString, int> fallos;              // folder -> errno
+  QHash<QString, QStringList> inventadas;  // folder -> names, without a disk
 };
 
 struct EscritorioFalso {

@@ -40,6 +40,12 @@ class AjustesAnotados : public AccesoPerfil {
 
 class Programa : public testing::Test {
  protected:
+  // A closed text window goes while the desktop that it knows is still there.
+  ~Programa() override {
+    principal.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
   void Arrancar() {
     gral = std::make_unique<ModGral>(ajustes);
     principal = std::make_unique<FrmMain>(*gral, escritorio.Servicios());

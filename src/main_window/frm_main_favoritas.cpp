@@ -1,0 +1,78 @@
+// The favourite folders in the main window: their text files are listed in one go.
+#include <utility>
+
+#include <QLabel>
+
+#include "main_window/frm_main.h"
+#include "shared/favoritas.h"
+
+namespace {
+
+constexpr int MargenError = 2;  // pixels around the notice
+
+QString ConBarra(const QString& carpeta) {
+  return carpeta.endsWith(SeparadorRuta) ? carpeta : carpeta + SeparadorRuta;
+}
+
+}  // namespace
+
+void FrmMain::ComandoFavoritas() {
+  if (LeerTotalFavoritas(gral_) > 0) {
+    AbrirFavoritas();
+  } else if (!gral_.ArchivoNuevo) {
+    gral_.VerFavoritas = true;
+    TraerTexto();
+  }
+}
+
+// A folder on a drive that is not there is counted; after any other failure FileList still holds
+// the folder that it held before.
+void FrmMain::AbrirFavoritas() {
+  int no_abiertas = 0;
+  bool por_anotar = true;  // FileList's files are not among those collected
+  QStringList rutas;
+  for (int i = 1; i <= gral_.TotalFavoritas; ++i) {
+    auto leida = escritorio_.unidades.Leer(LeerFavorita(gral_, i), Busca::Textos);
+    if (leida.Bien()) {
+      FileList = std::move(leida.Valor());
+      por_anotar = true;
+    } else if (UnidadNoDisponible(leida.Fallo())) {
+      ++no_abiertas;
+      continue;
+    }
+    if (std::exchange(por_anotar, false)) {
+      const QString carpeta = ConBarra(FileList.carpeta);
+      for (const QString& nombre : FileList.nombres) {
+        rutas << carpeta + nombre;
+      }
+    }
+  }
+  const bool caben = lista_.AgregarVarios(rutas);
+  MostrarTotal();
+  if (no_abiertas > 0) {
+    AvisarNoAbiertas(no_abiertas);
+  }
+  if (!caben) {
+    AvisarListaLlena();
+  }
+}
+
+// Its place in the picture is narrower than the words: it grows to both sides and, where the window
+// ends, into further lines.
+void FrmMain::AvisarNoAbiertas(int cuantas) {
+  LblError->setText(QStringLiteral("%1 Favoritas no abiertas.").arg(cuantas));
+  const QRect sitio(0, 0, width() - 2 * MargenError, height());
+  const QSize texto = LblError->fontMetrics()
+                          .boundingRect(sitio, Qt::AlignCenter | Qt::TextWordWrap, LblError->text())
+                          .size();
+  QRect rect({}, texto.grownBy({MargenError, MargenError, MargenError, MargenError}));
+  rect.moveCenter({width() / 2, LblError->geometry().center().y()});
+  LblError->setGeometry(rect);
+  LblError->raise();
+  LblError->show();
+  TmrError.start();
+}
+
+void FrmMain::TmrError_Timer() {
+  LblError->hide();
+}
