@@ -4,11 +4,13 @@
 #include <QStylePainter>
 
 #include "platform/controles.h"
+#include "platform/dibujos.h"
 #include "platform/fuentes.h"
 
 namespace {
 
 constexpr qreal PuntosTitulo = 9.75;
+constexpr QColor CianClaro(128, 255, 255);
 
 }  // namespace
 
@@ -20,6 +22,20 @@ MarcoTitulado::MarcoTitulado(QWidget* padre, const QString& nombre, const QStrin
   setAccessibleName(titulo);
   setAutoFillBackground(true);
   hide();
+}
+
+QPushButton* MarcoTitulado::CrearCerrar(const QString& nombre, const RectTwips& rect) {
+  auto* boton = new QPushButton(QStringLiteral("Cerrar"), this);
+  Colocar(*boton, nombre, rect);
+  boton->setCursor(Flecha());
+  QPalette paleta;
+  paleta.setColor(QPalette::Button, CianClaro);
+  boton->setPalette(paleta);
+  return boton;
+}
+
+QCursor MarcoTitulado::Flecha() {
+  return Puntero(QStringLiteral("puntero_flecha"), 0, 0);
 }
 
 bool MarcoTitulado::focusNextPrevChild(bool siguiente) {

@@ -3,6 +3,7 @@
 
 #include <QFont>
 #include <QFrame>
+#include <QPushButton>
 
 #include "platform/twips.h"
 
@@ -15,7 +16,11 @@ class MarcoTitulado : public QFrame {
   MarcoTitulado(QWidget* padre, const QString& nombre, const QString& titulo,
                 const RectTwips& rect);
 
+  static QCursor Flecha();  // the pointer over the panels' buttons
+
  protected:
+  // The light cyan button that closes the panel.
+  QPushButton* CrearCerrar(const QString& nombre, const RectTwips& rect);
   bool focusNextPrevChild(bool siguiente) override;  // Tab stays inside, in the order of making
   void paintEvent(QPaintEvent* evento) override;
 

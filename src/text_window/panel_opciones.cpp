@@ -9,7 +9,6 @@ namespace {
 
 constexpr RectTwips RectPanel{40, 40, 3210, 3495};
 constexpr RectTwips RectCerrar{2460, 3120, 615, 255};
-constexpr QColor CianClaro(128, 255, 255);
 constexpr int LadoDibujo = 48;  // pixels
 
 struct Boton {
@@ -27,10 +26,6 @@ struct Casilla {
   RectTwips rect;
 };
 
-QCursor Flecha() {
-  return Puntero(QStringLiteral("puntero_flecha"), 0, 0);
-}
-
 }  // namespace
 
 // The controls are made in the order in which Tab walks through them.
@@ -38,7 +33,7 @@ FraOpciones::FraOpciones(QWidget* padre)
     : MarcoTitulado(padre, QStringLiteral("FraOpciones"), QStringLiteral("Opciones:"), RectPanel) {
   CrearBotones();
   CrearCasillas();
-  CrearCerrar();
+  CmdCerrar = CrearCerrar(QStringLiteral("CmdCerrar"), RectCerrar);
 }
 
 void FraOpciones::CrearBotones() {
@@ -95,13 +90,4 @@ void FraOpciones::CrearCasillas() {
     this->*una.control = casilla;
   }
   ChkAjustar->setChecked(true);
-}
-
-void FraOpciones::CrearCerrar() {
-  CmdCerrar = new QPushButton(QStringLiteral("Cerrar"), this);
-  Colocar(*CmdCerrar, QStringLiteral("CmdCerrar"), RectCerrar);
-  CmdCerrar->setCursor(Flecha());
-  QPalette paleta;
-  paleta.setColor(QPalette::Button, CianClaro);
-  CmdCerrar->setPalette(paleta);
 }

@@ -24,5 +24,4 @@ class FraOpciones : public MarcoTitulado {
  private:
   void CrearBotones();
   void CrearCasillas();
-  void CrearCerrar();
 };

@@ -117,6 +117,17 @@ TEST_F(LasOpciones, closing_the_window_stores_the_options_before_its_place) {
   EXPECT_EQ(Valor(u"Opciones", u"Ajustar"), "No");
 }
 
+TEST_F(LasOpciones, the_favourites_button_stores_and_puts_the_manager_in_the_panels_place) {
+  Abrir();
+  AbrirPanel();
+  Panel().CmdFavoritas->click();
+  EXPECT_FALSE(SeVe(Panel()));
+  EXPECT_EQ(Valor(u"Opciones", u"Favoritas"), "No");
+  const auto& gestor = El<QWidget>("FraFavoritas");
+  EXPECT_TRUE(SeVe(gestor));
+  EXPECT_EQ(gestor.pos(), Panel().pos());
+}
+
 TEST_F(LasOpciones, a_chosen_font_and_background_spread_over_the_window_but_not_its_buttons) {
   Abrir();
   AbrirPanel();
@@ -133,10 +144,13 @@ TEST_F(LasOpciones, a_chosen_font_and_background_spread_over_the_window_but_not_
     EXPECT_EQ(Caja(i).ColorFondo(), QColor(Qt::yellow));
   }
   const QWidget* pintados[] = {&Panel(), Panel().ChkFavoritas, Panel().ChkAjustar,
-                               Panel().ChkConfirmar};
+                               Panel().ChkConfirmar, &El<QWidget>("FraFavoritas")};
   for (const QWidget* control : pintados) {
     EXPECT_EQ(Letra(*control), QColor(Qt::red)) << qPrintable(control->objectName());
     EXPECT_EQ(Fondo(*control), QColor(Qt::yellow)) << qPrintable(control->objectName());
+  }
+  for (const char* nombre : {"LblInfoFav(0)", "LblInfoFav(2)", "LblEstado(1)", "Shape1"}) {
+    EXPECT_EQ(Letra(El<QWidget>(nombre)), QColor(Qt::red)) << nombre;
   }
   EXPECT_EQ(Fondo(El<QWidget>("FraGuardar")), QColor(Qt::yellow));
   EXPECT_EQ(Letra(El<QWidget>("FraGuardar")), marca);
