@@ -15,7 +15,8 @@ PLAZO = 30  # seconds until something expected counts as missing
 # The icons of the main window, from their rectangles in twips: left, top, width, height.
 ICONOS = {
     "Abrir": (240, 50, 435, 540), "Nuevo": (920, 80, 435, 435),
-    "S.Visible": (1800, 870, 410, 435), "Anterior": (1365, 1530, 315, 315),
+    "Opciones": (620, 870, 435, 435), "S.Visible": (1800, 870, 410, 435),
+    "Anterior": (1365, 1530, 315, 315),
     "Siguiente": (1830, 1530, 315, 315), "Ayuda": (1940, 4600, 315, 300),
 }
 LISTA = (18, 145)  # the list's corner in the main window, pixels
