@@ -28,6 +28,8 @@ configurar_apt() {
     'ORIGIN: Debian' | grep " $SUITE" | sort -u >"$1/etc/apt/sources.list"
   apt-config dump | grep '^Acquire::' | grep -v '^Acquire::IndexTargets' \
     >"$1/etc/apt/apt.conf.d/00anfitrion" || true
+  echo 'Dpkg::Use-Pty "0";' >>"$1/etc/apt/apt.conf.d/00anfitrion"
+  echo force-unsafe-io >"$1/etc/dpkg/dpkg.cfg.d/00rapido"
   cp -L /etc/resolv.conf /etc/hosts "$1/etc/"
   if [[ -d /etc/ssl/certs ]]; then
     mkdir -p "$1/etc/ssl"
@@ -35,7 +37,7 @@ configurar_apt() {
   fi
 }
 
-crear_base() {
+crear_sistema() {
   local origen
   origen=$(espejo)
   [[ -n $origen ]] || fallar "apt knows no mirror of $SUITE; run apt-get update"
@@ -44,11 +46,10 @@ crear_base() {
   configurar_apt "$1"
 }
 
-# A copy $2 of the system $1 with the kernel's folders. The mounts are private to this process.
-copiar_sistema() {
-  cp -a "$1" "$2"
+# The kernel's folders in the system $1. The mounts are private to this process.
+montar() {
   local carpeta
-  for carpeta in proc sys dev; do mount --rbind "/$carpeta" "$2/$carpeta"; done
+  for carpeta in proc sys dev; do mount --rbind "/$carpeta" "$1/$carpeta"; done
 }
 
 # Runs a command in the system $1, with nothing of this machine's environment.
@@ -125,12 +126,13 @@ probar() {
   procesos=()
   trap 'kill "${procesos[@]}" 2>/dev/null || true' EXIT
   decir "A clean Debian ($SUITE)"
-  crear_base "$taller/base"
+  crear_sistema "$taller/construye"
+  cp -a "$taller/construye" "$taller/instala"
+  montar "$taller/construye"
+  montar "$taller/instala"
   decir "./run in it"
-  copiar_sistema "$taller/base" "$taller/construye"
   construir "$taller/construye"
   decir "The package in another"
-  copiar_sistema "$taller/base" "$taller/instala"
   instalar "$taller/instala"
   decir "The installed program"
   arrancar "$taller/instala"
