@@ -24,7 +24,8 @@ VENTANAS = {"main_window", "text_window", "delete_window", "about_window"}
 DIALOGOS = {"qfiledialog", "qmessagebox", "qdesktopservices", "qfontdialog", "qcolordialog"}
 ARCHIVOS = {"qfile", "qsavefile", "qsettings"}
 # The engine of the text box: none of these reaches a header of the toolkit, not even indirectly.
-SIN_QT = {"bytes", "sumas", "lineas", "filas", "renglones"}
+SIN_QT = {"bytes", "sumas", "trozos", "rastreo", "historial", "lineas", "pluma", "partidor", "pieza",
+          "renglones", "renglones_lineas", "renglones_lineas_anchos", "filas", "filas_cambios"}
 LINEAS_MAXIMAS = 400
 INCLUYE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 

@@ -11,13 +11,14 @@ import sys
 import tempfile
 import time
 
-PLAZO = 30  # seconds until something expected counts as missing
+PLAZO = 60  # seconds until something expected counts as missing; generous, for a busy machine
 # The icons of the main window, from their rectangles in twips: left, top, width, height.
 ICONOS = {
-    "Abrir": (240, 50, 435, 540), "Nuevo": (920, 80, 435, 435),
-    "Opciones": (620, 870, 435, 435), "S.Visible": (1800, 870, 410, 435),
-    "Anterior": (1365, 1530, 315, 315),
-    "Siguiente": (1830, 1530, 315, 315), "Ayuda": (1940, 4600, 315, 300),
+    "Abrir": (240, 50, 435, 540), "Nuevo": (920, 80, 435, 435), "Borrar": (1580, 80, 435, 435),
+    "Información": (80, 870, 435, 435), "Opciones": (620, 870, 435, 435),
+    "Favoritas": (1230, 870, 435, 435), "S.Visible": (1800, 870, 410, 435),
+    "Anterior": (1365, 1530, 315, 315), "Siguiente": (1830, 1530, 315, 315),
+    "Ayuda": (1940, 4600, 315, 300),
 }
 LISTA = (18, 145)  # the list's corner in the main window, pixels
 ALTO_ENTRADA = 13  # roughly; only the first entries are clicked
@@ -94,8 +95,8 @@ class Escritorio:
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._arrancar_y_leer(
             "dbus-daemon", "--session", "--nofork", "--print-address=1")
         self._arrancar("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
-        esperar("the screen reader's bus", lambda: "AT_SPI_BUS" in self.orden(
-            "xprop", "-root", "AT_SPI_BUS") and "unix:" in self.orden("xprop", "-root", "AT_SPI_BUS"))
+        esperar("the screen reader's bus", lambda: "unix:" in self.orden(
+            "xprop", "-root", "AT_SPI_BUS"))
         if self.con_gestor:
             self._arrancar("openbox")
             esperar("the window manager", lambda: "Openbox" in self.orden("wmctrl", "-m"))
@@ -207,14 +208,21 @@ class Escritorio:
     def cerrar_ventana(self, ventana):
         self.orden("wmctrl", "-i", "-c", ventana)
 
-    def rectangulo(self, ventana, *opciones):
-        """x, y, width, height of the inside; with "-frame" of the outside."""
+    def rectangulo(self, ventana):
+        """x, y, width, height of the inside, pixels on the screen."""
         datos = {}
-        for linea in self.orden("xwininfo", "-id", ventana, *opciones).splitlines():
+        for linea in self.orden("xwininfo", "-id", ventana).splitlines():
             nombre, _, valor = linea.strip().partition(":")
             datos[nombre] = valor.strip()
         return tuple(int(datos[n]) for n in ("Absolute upper-left X", "Absolute upper-left Y",
                                              "Width", "Height"))
+
+    def rectangulo_exterior(self, ventana):
+        """The same with the frame that the window manager draws."""
+        x, y, ancho, alto = self.rectangulo(ventana)
+        margenes = self.propiedad(ventana, "_NET_FRAME_EXTENTS").partition("=")[2].split(",")
+        izquierda, derecha, arriba, abajo = (int(m) for m in margenes)
+        return x - izquierda, y - arriba, ancho + izquierda + derecha, alto + arriba + abajo
 
     # --- mouse and keys
 
@@ -247,6 +255,12 @@ class Escritorio:
         self.pulsar(ventana, 60, 60)
         self.esperar_foco(ventana)
         self.escribir(texto)
+
+    def texto_mostrado(self):
+        """The whole text, selected by keys that mark no edit; leaves the keyboard in it."""
+        self.escribir_en_texto("")
+        self.teclas("ctrl+Home", "ctrl+shift+End")
+        return self.orden("xclip", "-o", "-selection", "primary")
 
     def responder(self, titulo, ruta):
         """Types a path into a file dialog and accepts it; None cancels it."""
@@ -290,12 +304,6 @@ class Escritorio:
     def entradas(self):
         """The names in the list of files."""
         return [nombre for papel, nombre, _ in self.accesibles() if papel == "list item"]
-
-    def texto_mostrado(self):
-        for papel, _, objeto in self.accesibles():
-            if papel == "text":
-                return objeto.queryText().getText(0, -1)
-        return None
 
 
 def recorrer(recorrido):
