@@ -17,11 +17,10 @@ class ListaUnidades : public QComboBox {
   void PonerActual(const Unidad& unidad);
   void Refrescar();
 
+  void showPopup() override;
+
  signals:
   void Cambiada();  // by the user, or by setCurrentIndex
-
- protected:
-  void showPopup() override;
 
  private:
   void Llenar(const Unidad& actual);

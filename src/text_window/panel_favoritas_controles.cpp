@@ -1,4 +1,6 @@
 // The controls of the favourites manager.
+#include <algorithm>
+
 #include "platform/controles.h"
 #include "platform/dibujos.h"
 #include "platform/fuentes.h"
@@ -85,6 +87,9 @@ void FraFavoritas::CrearEtiquetas() {
     LblInfoFav[i]->setText(textos[i].texto);
   }
   PonerNegrita(*LblInfoFav[2], FuenteControles, PuntosTituloLista);
+  for (QLabel* etiqueta : LblInfoFav) {  // never narrower than its words
+    etiqueta->resize(std::max(etiqueta->width(), etiqueta->sizeHint().width()), etiqueta->height());
+  }
   Shape1 = new QFrame(this);
   Colocar(*Shape1, QStringLiteral("Shape1"), RectEstados);
   Shape1->setFrameStyle(QFrame::Box | QFrame::Plain);

@@ -1,0 +1,292 @@
+#include <gtest/gtest.h>
+#include <memory>
+
+#include <QTest>
+
+#include "dobles/escritorio_falso.h"
+#include "shared/carpeta_de_prueba.h"
+#include "shared/favoritas.h"
+#include "text_window/frm_texto.h"
+#include "text_window/panel_favoritas.h"
+#include "text_window/panel_opciones.h"
+
+namespace {
+
+const QString Archivo = QStringLiteral("Favoritas.INI");
+
+QString Texto(const char* utf8) {
+  return QString::fromUtf8(utf8);
+}
+
+class LasFavoritas : public testing::Test {
+ protected:
+  LasFavoritas() {
+    gral.ArchivoFavoritas = carpeta.Ruta(Archivo);
+    gral.ArchivoINI = carpeta.Ruta(QStringLiteral("Velda.INI"));
+    for (const char* nombre : {"casa/ñandú", "casa/Nube/dentro", "casa/.oculta", "disco/sub"}) {
+      QDir().mkpath(Ruta(nombre));
+    }
+    escritorio.unidades.unidades = {{Texto("Personal"), Ruta("casa")},
+                                    {Texto("DISCO CON NOMBRE LARGO"), Ruta("disco")},
+                                    {Texto("Rota"), Ruta("rota")}};
+    texto = std::make_unique<FrmTexto>(gral, escritorio.Servicios(), principal);
+    texto->Mostrar();
+    principal.Mostrar();
+  }
+  void Abrir(const QStringList& guardadas = {}) {
+    if (!guardadas.isEmpty()) {
+      GuardarFavoritas(gral, guardadas);
+    }
+    gral.VerFavoritas = true;
+    texto->DarFoco();
+  }
+
+  QString Ruta(const char* nombre) const { return carpeta.Ruta(Texto(nombre)); }
+  FraFavoritas& Panel() const { return *texto->findChild<FraFavoritas*>(); }
+  CajaTexto& Caja() const { return *texto->findChild<CajaTexto*>(Texto("TextBox(0)")); }
+  bool Abierto() const { return Panel().isVisibleTo(texto.get()); }
+  QString Estados() const {
+    QStringList lineas;
+    for (const QLabel* linea : Panel().LblEstado) {
+      lineas << linea->accessibleName();
+    }
+    return lineas.join(u'|');
+  }
+  QString Ultimo() const { return Panel().LblEstado[2]->text(); }
+  static QStringList Entradas(const QListWidget& lista) {
+    QStringList textos;
+    for (int i = 0; i < lista.count(); ++i) {
+      textos << lista.item(i)->text();
+    }
+    return textos;
+  }
+  QStringList Favoritas() const { return Entradas(*Panel().LstFav); }
+  void Elegir(const char* nombre) const {
+    const auto entradas = Panel().DirCarpeta->findItems(Texto(nombre), Qt::MatchExactly);
+    ASSERT_FALSE(entradas.isEmpty()) << nombre;
+    Panel().DirCarpeta->setCurrentItem(entradas.constLast());
+  }
+  static QStringList Muchas(int cuantas) {
+    QStringList carpetas;
+    for (int i = 0; i < cuantas; ++i) {
+      carpetas << QStringLiteral("/f%1").arg(i, 2, 10, QChar(u'0'));
+    }
+    return carpetas;
+  }
+
+  CarpetaDePrueba carpeta;
+  EscritorioFalso escritorio;
+  AccesoPerfilArchivo acceso;
+  ModGral gral{acceso};
+  Ventana principal{escritorio.activacion, Ventana::Marco::Fijo};
+  std::unique_ptr<FrmTexto> texto;
+};
+
+TEST_F(LasFavoritas, opening_shows_what_is_stored_in_order_and_the_drives_root) {
+  Abrir({Texto("/b"), Texto("/Ñu"), Texto("/nube"), Texto("/A"), QString()});
+  ASSERT_TRUE(Abierto());
+  EXPECT_EQ(Panel().pos(), QPoint(3, 3));
+  EXPECT_EQ(Favoritas(), (QStringList{{}, Texto("/A"), Texto("/b"), Texto("/nube"), Texto("/Ñu")}));
+  EXPECT_EQ(Estados(), Texto("> Gestionar favoritas|> Total Favoritas: 5|> Listo..."));
+  const QStringList carpetas = Entradas(*Panel().DirCarpeta);
+  EXPECT_EQ(carpetas.mid(carpetas.indexOf(Texto("casa"))),
+            (QStringList{Texto("casa"), Texto("Nube"), Texto("ñandú")}));
+  EXPECT_EQ(carpetas.first(), Texto("/"));
+  EXPECT_EQ(Panel().DirCarpeta->Elegida(), Ruta("casa"));
+  Panel().CmdCerrarFav_Click();
+  EXPECT_FALSE(Abierto() || gral.VerFavoritas);
+  EXPECT_EQ(LeerFavoritas(gral).constLast(), QString()) << "nothing changed, nothing written";
+}
+
+TEST_F(LasFavoritas, a_folder_is_opened_highlighted_and_added_and_the_close_writes_it) {
+  Abrir();
+  ListaCarpetas& lista = *Panel().DirCarpeta;
+  Elegir("Nube");
+  QTest::keyClick(&lista, Qt::Key_Return);
+  EXPECT_EQ(lista.Elegida(), Ruta("casa/Nube"));
+  Elegir("dentro");
+  const QPoint raton = lista.visualItemRect(lista.currentItem()).center();
+  QTest::mouseDClick(lista.viewport(), Qt::LeftButton, {}, raton);
+  EXPECT_EQ(lista.Elegida(), Ruta("casa/Nube/dentro"));
+  Panel().CmdAnhadir->click();
+  EXPECT_EQ(Ultimo(), Texto("> Carpeta añadida (1)"));
+  Elegir("casa");
+  Panel().CmdAnhadir->click();
+  Elegir("/");
+  Panel().CmdAnhadir->click();
+  Panel().CmdAnhadir->click();
+  Panel().CmdAnhadir->click();
+  EXPECT_EQ(Estados(), Texto("> Carpeta añadida (3)|> Imposible ya EXISTE|> Seleccione otra"));
+  EXPECT_EQ(carpeta.Leer(Archivo), "<falta>") << "written before the close";
+  principal.DarFoco();
+  EXPECT_FALSE(Abierto());
+  EXPECT_EQ(LeerFavoritas(gral), (QStringList{Texto("/"), Ruta("casa"), Ruta("casa/Nube/dentro")}));
+}
+
+TEST_F(LasFavoritas, thirty_are_the_most_that_are_added) {
+  Abrir(Muchas(30));
+  QStringList lineas;
+  for (int i = 0; i < 3; ++i) {
+    Panel().CmdAnhadir->click();
+    lineas << Ultimo();
+  }
+  EXPECT_EQ(lineas.join(u'|'),
+            Texto("> Demasiadas carpetas|> Elimine alguna|> Demasiadas carpetas"));
+  EXPECT_EQ(Favoritas().size(), 30);
+  texto->Cerrar();
+  EXPECT_EQ(LeerFavoritas(gral), Muchas(30));
+}
+
+// Which of how many is removed, and which is selected then.
+TEST_F(LasFavoritas, removing_selects_the_one_above) {
+  for (const auto& [cuantas, quitada, elegida] :
+       {std::tuple{5, 2, 1}, {5, 0, 0}, {5, 4, 3}, {1, 0, -1}}) {
+    Abrir(Muchas(cuantas));
+    Panel().LstFav->setCurrentRow(quitada);
+    Panel().CmdQuitar->click();
+    EXPECT_EQ(Ultimo(), Texto("> Eliminada. Quedan %1").arg(cuantas - 1));
+    EXPECT_EQ(Panel().LstFav->selectedItems().isEmpty() ? -1 : Panel().LstFav->currentRow(),
+              elegida);
+    QStringList quedan = Muchas(cuantas);
+    quedan.removeAt(quitada);
+    Panel().CmdCerrarFav->click();
+    EXPECT_EQ(LeerFavoritas(gral), quedan);
+    EXPECT_EQ(QFile::exists(gral.ArchivoFavoritas), cuantas > 1);
+    principal.DarFoco();
+  }
+}
+
+TEST_F(LasFavoritas, what_cannot_be_done_is_said_in_turns) {
+  Abrir(Muchas(1));
+  QStringList lineas;
+  const auto quitar = [&] {
+    Panel().CmdQuitar->click();
+    lineas << Ultimo();
+  };
+  quitar();
+  quitar();
+  quitar();
+  Panel().LstFav->setCurrentRow(0);
+  quitar();
+  quitar();
+  quitar();
+  EXPECT_EQ(lineas.join(u'|'),
+            Texto("> Marque la carpeta|> Clic en la lista|> Marque la carpeta|> Eliminada. Quedan "
+                  "0|> NO hay carpetas fav.|> Añada alguna carpeta"));
+}
+
+TEST_F(LasFavoritas, folders_that_the_file_could_not_give_back_are_refused) {
+  for (const char* nombre : {"casa/日本", "casa/dos\nlíneas"}) {
+    ASSERT_TRUE(QDir().mkpath(Ruta(nombre)));
+  }
+  ASSERT_TRUE(QDir().mkpath(Ruta("casa/") + QString(120, u'ñ')));
+  Abrir();
+  for (int i = Panel().DirCarpeta->count() - 1; Panel().DirCarpeta->item(i)->text() != u"casa";
+       --i) {
+    Panel().DirCarpeta->setCurrentRow(i);
+    Panel().CmdAnhadir->click();
+  }
+  EXPECT_EQ(Favoritas(), (QStringList{Ruta("casa/Nube"), Ruta("casa/ñandú"),
+                                      Ruta("casa/") + QString(120, u'ñ')}));
+  EXPECT_TRUE(Estados().contains(Texto("> Ruta no admitida")));
+}
+
+TEST_F(LasFavoritas, a_drive_that_fails_gives_way_to_the_one_before_once) {
+  Abrir();
+  ListaUnidades& unidades = *Panel().DrvUnidad;
+  unidades.setCurrentIndex(1);
+  EXPECT_EQ(Panel().DirCarpeta->Elegida(), Ruta("disco"));
+  unidades.setCurrentIndex(2);
+  EXPECT_EQ(Estados(),
+            Texto("> Selec. unidad Rota|> Unidad no disponible|> Selec. unidad Personal"));
+  EXPECT_EQ(unidades.currentText(), Texto("Personal"));
+  EXPECT_EQ(Panel().DirCarpeta->Elegida(), Ruta("casa"));
+  escritorio.unidades.fallos[Ruta("casa")] = EIO;
+  unidades.setCurrentIndex(2);
+  EXPECT_EQ(Estados(),
+            Texto("> Unidad no disponible|> Selec. unidad Personal|> Unidad no disponible"));
+}
+
+TEST_F(LasFavoritas, opening_the_drive_list_finds_new_drives_and_changes_nothing) {
+  Abrir();
+  Panel().DrvUnidad->setCurrentIndex(1);
+  escritorio.unidades.unidades.insert(escritorio.unidades.unidades.begin(),
+                                      {Texto("Nueva"), Ruta("nueva")});
+  escritorio.unidades.unidades.erase(escritorio.unidades.unidades.begin() + 2);
+  const QString antes = Estados();
+  Panel().DrvUnidad->showPopup();
+  EXPECT_EQ(Estados(), antes);
+  EXPECT_EQ(Panel().DrvUnidad->currentText(), Texto("DISCO CON NOMBRE LARGO"));
+  EXPECT_GE(Panel().DrvUnidad->findText(Texto("Nueva")), 0);
+  Panel().DrvUnidad->hidePopup();
+  Panel().CmdCerrarFav_Click();
+  Panel().GestionarFavoritas();
+  EXPECT_EQ(Panel().DirCarpeta->Elegida(), Ruta("disco")) << "the drive stays between openings";
+}
+
+TEST_F(LasFavoritas, a_folder_that_cannot_be_read_is_said_and_not_opened) {
+  Abrir();
+  const QStringList antes = Entradas(*Panel().DirCarpeta);
+  for (const auto& [codigo, linea] :
+       {std::pair{EACCES, "> Carpeta no legible"}, {ENOTCONN, "> Unidad no disponible"}}) {
+    escritorio.unidades.fallos[Ruta("casa/Nube")] = codigo;
+    Elegir("Nube");
+    QTest::keyClick(Panel().DirCarpeta, Qt::Key_Return);
+    EXPECT_EQ(Ultimo(), Texto(linea));
+    EXPECT_EQ(Entradas(*Panel().DirCarpeta), antes);
+  }
+  Panel().CmdCerrarFav_Click();
+  escritorio.unidades.fallos[Ruta("casa")] = EIO;
+  Panel().GestionarFavoritas();
+  EXPECT_EQ(Ultimo(), Texto("> Unidad no disponible"));
+  Panel().CmdAnhadir->click();
+  EXPECT_TRUE(Favoritas().isEmpty()) << "no folder is open";
+}
+
+TEST_F(LasFavoritas, every_line_fits_and_a_long_drive_is_shortened_in_its_middle) {
+  Abrir();
+  for (const int unidad : {1, 0}) {
+    Panel().DrvUnidad->setCurrentIndex(unidad);
+    const QLabel& linea = *Panel().LblEstado[2];
+    EXPECT_LE(linea.fontMetrics().horizontalAdvance(linea.text()), linea.width());
+    EXPECT_TRUE(Panel().Shape1->geometry().contains(linea.geometry()));
+    EXPECT_EQ(linea.toolTip(), unidad == 1 ? Texto("DISCO CON NOMBRE LARGO") : QString());
+  }
+  EXPECT_TRUE(Panel().LblEstado[1]->text().startsWith(Texto("> Selec. unidad D")));
+  EXPECT_TRUE(Panel().LblEstado[1]->text().contains(u'…'));
+  EXPECT_EQ(Ultimo(), Texto("> Selec. unidad Personal"));
+}
+
+TEST_F(LasFavoritas, while_it_is_open_typing_is_dropped_but_delete_acts) {
+  Abrir();
+  QTest::keyClick(&Caja(), Qt::Key_A);
+  EXPECT_EQ(texto->Titulo(), Texto("Archivo: ?"));
+  EXPECT_EQ(texto->ElDocumento().Copia(), "");
+  QTest::keyClick(&Caja(), Qt::Key_Delete);
+  EXPECT_EQ(texto->Titulo(), Texto("Archivo: Nuevo"));
+}
+
+TEST_F(LasFavoritas, the_options_panel_leads_to_it_and_is_stored_first) {
+  gral.VerOpciones = true;
+  gral.VerFavoritas = true;
+  texto->DarFoco();
+  EXPECT_FALSE(Abierto()) << "the options come first";
+  texto->findChild<QToolButton*>(Texto("CmdFavoritas"))->click();
+  EXPECT_TRUE(Abierto());
+  EXPECT_FALSE(gral.VerOpciones);
+  EXPECT_TRUE(texto->findChild<FraOpciones*>()->isHidden());
+  EXPECT_TRUE(carpeta.Leer(Texto("Velda.INI")).contains("Confirmar="));
+}
+
+TEST_F(LasFavoritas, tab_walks_through_its_controls_and_stays_inside) {
+  Abrir();
+  QStringList vuelta;
+  for (int i = 0; i < 7; ++i) {
+    vuelta << texto->focusWidget()->objectName();
+    QTest::keyClick(texto->focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(vuelta.join(u' '),
+            Texto("DrvUnidad DirCarpeta CmdAnhadir LstFav CmdQuitar CmdCerrarFav DrvUnidad"));
+}
+
+}  // namespace
