@@ -8,11 +8,12 @@
 namespace {
 
 // Every drawing that the sources name, by the way they name it.
-const QStringList Nombrados{
-    QStringLiteral("fondo_principal"), QStringLiteral("velda"),    QStringLiteral("texto"),
-    QStringLiteral("puntero_menu"),    QStringLiteral("guardar"),  QStringLiteral("cancelar"),
-    QStringLiteral("puntero_flecha"),  QStringLiteral("seleccion_0"),
-    QStringLiteral("seleccion_9")};
+const QStringList Nombrados =
+    QStringLiteral(
+        "fondo_principal velda texto puntero_menu seleccion_0 seleccion_9 guardar cancelar "
+        "puntero_flecha papelera quitar_lista lea_esto fondo_borrar puntero_mano web "
+        "correo fondo_autor")
+        .split(u' ');
 
 TEST(Dibujos, every_drawing_loads_and_shows_something_at_each_scale) {
   for (const QString& nombre : Nombrados) {

@@ -68,18 +68,20 @@ TEST_F(Modales, no_other_window_answers_meanwhile) {
             Lista("m carga, p inactiva, m activa, m inactiva, p activa"));
 }
 
-TEST_F(Modales, handlers_inside_the_loop_reach_the_desktop) {
-  VentanaAnotada nueva(activacion, QStringLiteral("n"), notas);
-  const Activacion::Manejador manejador(activacion);
-  DuranteModal([&] {
-    nueva.MostrarSinActivar();
-    EXPECT_TRUE(nueva.isVisible());
-    modal.Ocultar();
-  });
-  otra.Cerrar();
-  nueva.Cerrar();
-  nueva.MostrarSinActivar();
-  EXPECT_FALSE(nueva.isVisible()) << "the handler that waited has not ended";
+TEST_F(Modales, handlers_inside_the_loop_reach_the_desktop_and_the_one_that_waits_ends_later) {
+  VentanaAnotada dentro(activacion, QStringLiteral("d"), notas);
+  VentanaAnotada despues(activacion, QStringLiteral("e"), notas);
+  {
+    const Activacion::Manejador manejador(activacion);
+    DuranteModal([&] {
+      dentro.MostrarSinActivar();
+      EXPECT_TRUE(dentro.isVisible());
+      modal.Ocultar();
+    });
+    despues.MostrarSinActivar();
+    EXPECT_FALSE(despues.isVisible()) << "the handler that waited has not ended";
+  }
+  EXPECT_TRUE(despues.isVisible());
 }
 
 TEST_F(Modales, one_that_closes_while_it_is_being_activated_never_waits) {

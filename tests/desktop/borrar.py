@@ -1,0 +1,78 @@
+"""The delete confirmation: alone in answering, in front of a main window that is kept above all
+others; its help; the recycle bin; a file that no bin takes."""
+import os
+import pathlib
+import tempfile
+
+from escritorio import esperar, esperar_valor, recorrer
+
+CONFIRMACION, PREGUNTA = "^Eliminar: ", "^ELIMINAR ARCHIVO$"
+PAPELERA, QUITAR, AYUDA = (267, 49), (32, 84), (252, 123)  # its buttons, pixels
+
+
+def borrar(e):
+    e.pulsar_icono("Borrar")
+    ventana = e.esperar_ventana(CONFIRMACION)
+    e.esperar_foco(ventana)
+    return ventana
+
+
+def esperar_cerrada(e, titulo):
+    esperar(f"{titulo} closed", lambda: not e.ventana(titulo))
+
+
+def solo_ella_responde(e, ventana, ruta):
+    e.pulsar(e.principal, 60, 200)
+    e.teclas("Return", "Escape", "Delete")
+    for otra in (e.principal, e.texto()) if e.con_gestor else ():
+        e.cerrar_ventana(otra)
+        e.orden("xdotool", "windowraise", otra)
+    e.pulsar(ventana, *AYUDA)
+    esperar("the help", lambda: "ESC" in e.titulo(ventana))
+    e.teclas("Tab", "space", "Return", "Escape")
+    esperar_valor("the caption", lambda: e.titulo(ventana), f"Eliminar: {ruta}")
+    assert e.texto() and ruta.exists()
+
+
+def recorrido(e):
+    e.iniciar()
+    a, b = e.crear("a b%.txt", b"a"), e.crear("b.txt", b"b")
+    for ruta in (b, a):
+        e.abrir(ruta)
+
+    ventana = borrar(e)
+    solo_ella_responde(e, ventana, a)
+    if e.con_gestor:
+        orden = e.orden("xprop", "-root", "_NET_CLIENT_LIST_STACKING").split("#")[1]
+        abajo_arriba = [str(int(n, 16)) for n in orden.split(",")]
+        assert e.encima(e.principal) and not e.encima(ventana)
+        assert abajo_arriba.index(e.principal) < abajo_arriba.index(ventana)
+    e.pulsar(ventana, *PAPELERA)
+    esperar_cerrada(e, CONFIRMACION)
+    e.esperar_texto(b)
+    papelera = e.raiz / "casa/.local/share/Trash"
+    assert not a.exists() and (papelera / "files" / a.name).read_bytes() == b"a"
+    assert str(a.parent / "a%20b%25.txt") in (papelera / "info/a b%.txt.trashinfo").read_text()
+
+    e.pulsar(borrar(e), *QUITAR)
+    e.esperar_texto("?")
+    assert b.read_bytes() == b"b" and e.entradas() == []
+
+    if not os.path.ismount("/dev/shm"):
+        print("/dev/shm is no volume of its own: a file that no bin takes is not tried")
+        return
+    with tempfile.TemporaryDirectory(prefix="velda-", dir="/dev/shm") as memoria:
+        suelto = pathlib.Path(memoria) / "suelto.txt"
+        for teclas, queda in (("Return", True), ("alt+s", False)):
+            suelto.write_bytes(b"x")
+            e.abrir(suelto)
+            e.pulsar(borrar(e), *PAPELERA)
+            e.esperar_foco(e.esperar_ventana(PREGUNTA))
+            e.teclas(teclas)
+            e.esperar_texto("?")
+            assert suelto.exists() == queda
+    if e.con_gestor:
+        e.cerrar()
+
+
+recorrer(recorrido)
