@@ -81,7 +81,7 @@ void AzarVista::Raton() {
 void AzarVista::Cambiar() {
   CajaTexto& caja = banco_.caja;
   const int tamano = int(banco_.documento.Tamano());
-  switch (Hasta(6)) {
+  switch (Hasta(7)) {
     case 0:
       accion_ = "size";
       return caja.resize(60 + Hasta(400), 40 + Hasta(200));
@@ -97,20 +97,35 @@ void AzarVista::Cambiar() {
     case 3:
       accion_ = "horizontal bar";
       return caja.horizontalScrollBar()->setValue(Hasta(caja.horizontalScrollBar()->maximum() + 1));
-    case 4: {
-      accion_ = "another's change";
-      const int desde = Hasta(tamano + 1);
-      const std::string nuevos = TextoAlAzar(Hasta(30));
-      const int quitados = Hasta(std::min(60, tamano - desde + 1));
-      if (!banco_.documento.Reemplazar(desde, quitados, nuevos, Agrupacion::Sola)) std::abort();
-      return;
-    }
+    case 4:
+      return CambiarDesdeFuera();
+    case 5:
+      return Componer();
     default:
       accion_ = "hide and show";
       caja.hide();
       caja.PonerCursor(Hasta(tamano + 1), Hasta(tamano + 1));
       return caja.show();
   }
+}
+
+void AzarVista::CambiarDesdeFuera() {
+  accion_ = "another's change";
+  const int tamano = int(banco_.documento.Tamano());
+  const int desde = Hasta(tamano + 1);
+  const int quitados = Hasta(std::min(60, tamano - desde + 1));
+  const std::string nuevos = TextoAlAzar(Hasta(30));
+  if (!banco_.documento.Reemplazar(desde, quitados, nuevos, Agrupacion::Sola)) std::abort();
+}
+
+void AzarVista::Componer() {
+  accion_ = "composed text";
+  QInputMethodEvent previo(QStringLiteral("xyz"), {});
+  QApplication::sendEvent(&banco_.caja, &previo);
+  banco_.Foto();
+  QInputMethodEvent fin;
+  fin.setCommitString(Hasta(2) ? QStringLiteral("\u00e1") : QString());
+  QApplication::sendEvent(&banco_.caja, &fin);
 }
 
 // Until nothing is left to be done when idle.
@@ -154,6 +169,11 @@ std::string AzarVista::Comparar() {
   };
   if (barras(caja) != barras(*gemela))
     return accion_ + ": bars " + barras(caja) + "but " + barras(*gemela);
+  const Lugar cursor{caja.Cursor(), false};
+  // Where a row is broken the caret may stand at either side of it.
+  const bool uno = caja.Vista().FilaDe(cursor) == caja.Vista().FilaDe({caja.Cursor(), true});
+  const auto sitio = [](const CajaTexto& c) { return c.inputMethodQuery(Qt::ImCursorRectangle); };
+  if (uno && sitio(caja) != sitio(*gemela)) return accion_ + ": another place for the caret";
   if (foto == otra) return {};
   foto.save(QDir::temp().filePath(QStringLiteral("azar_vista_uno.png")));
   otra.save(QDir::temp().filePath(QStringLiteral("azar_vista_otra.png")));

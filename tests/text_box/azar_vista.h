@@ -26,6 +26,8 @@ class AzarVista {
   void Teclear();
   void Raton();
   void Cambiar();
+  void CambiarDesdeFuera();
+  void Componer();
   void Reposar(const CajaTexto& caja);
   std::string Comparar();
   std::unique_ptr<CajaTexto> Gemela(Documento& documento);

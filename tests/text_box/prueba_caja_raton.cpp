@@ -91,6 +91,9 @@ TEST(CajaRaton, the_scroll_bars_reach_the_last_row_and_the_widest_line) {
   EXPECT_TRUE(banco.caja.viewport()->rect().contains(fin));
   EXPECT_GT(fin.left(), banco.caja.viewport()->width() - 10);
   EXPECT_GT(fin.bottom(), banco.caja.viewport()->height() - 2 * fin.height());
+  const Posicion ultima = banco.caja.Arriba();
+  banco.caja.PonerArriba(900);
+  EXPECT_EQ(banco.caja.Arriba(), ultima);
   banco.caja.verticalScrollBar()->setValue(7);
   EXPECT_EQ(banco.caja.Arriba(), 28);
 }
