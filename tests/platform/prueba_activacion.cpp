@@ -24,7 +24,9 @@ class Activaciones : public testing::Test {
   VentanaAnotada b{activacion, QStringLiteral("b"), notas};
 };
 
-QStringList Lista(const char* texto) { return QString::fromLatin1(texto).split(QStringLiteral(", ")); }
+QStringList Lista(const char* texto) {
+  return QString::fromLatin1(texto).split(QStringLiteral(", "));
+}
 
 TEST_F(Activaciones, the_program_moves_it_inside_the_call) {
   b.DarFoco();
