@@ -97,3 +97,15 @@ TEST(CajaRaton, the_scroll_bars_reach_the_last_row_and_the_widest_line) {
   banco.caja.verticalScrollBar()->setValue(7);
   EXPECT_EQ(banco.caja.Arriba(), 28);
 }
+
+TEST(CajaRaton, a_bar_over_more_rows_than_it_can_count_still_reaches_both_ends) {
+  QScrollBar barra;
+  BarraLarga larga(&barra);
+  const std::int64_t maximo = 5'000'000'007;
+  for (const std::int64_t valor : {std::int64_t(0), maximo / 2, maximo}) {
+    larga.Poner(valor, maximo, 30, 1);
+    EXPECT_NEAR(double(larga.Valor()), double(valor), 8);
+    EXPECT_EQ(barra.value() == barra.maximum(), valor == maximo);
+  }
+  EXPECT_EQ(larga.Valor(), maximo);
+}
