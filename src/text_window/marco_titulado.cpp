@@ -1,5 +1,6 @@
 #include "text_window/marco_titulado.h"
 
+#include <QKeyEvent>
 #include <QStyleOptionGroupBox>
 #include <QStylePainter>
 
@@ -50,6 +51,16 @@ bool MarcoTitulado::focusNextPrevChild(bool siguiente) {
   QWidget* destino = vuelta[(vuelta.indexOf(focusWidget()) + pasos) % vuelta.size()];
   destino->setFocus(siguiente ? Qt::TabFocusReason : Qt::BacktabFocusReason);
   return true;
+}
+
+void MarcoTitulado::keyPressEvent(QKeyEvent* evento) {
+  auto* boton = qobject_cast<QAbstractButton*>(focusWidget());
+  const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+  if (intro && boton != nullptr && !boton->isCheckable()) {
+    boton->click();
+  } else {
+    QFrame::keyPressEvent(evento);
+  }
 }
 
 void MarcoTitulado::paintEvent(QPaintEvent* /*evento*/) {

@@ -22,6 +22,7 @@ class MarcoTitulado : public QFrame {
   // The light cyan button that closes the panel.
   QPushButton* CrearCerrar(const QString& nombre, const RectTwips& rect);
   bool focusNextPrevChild(bool siguiente) override;  // Tab stays inside, in the order of making
+  void keyPressEvent(QKeyEvent* evento) override;    // Enter presses a button as the blank does
   void paintEvent(QPaintEvent* evento) override;
 
  private:

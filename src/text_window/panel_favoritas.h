@@ -50,7 +50,6 @@ class FraFavoritas : public MarcoTitulado {
 
   void CrearEtiquetas();
   void DisponerListas() const;
-  void DisponerCerrar() const;
 
   void PonerEstado(std::size_t linea, const Estado& estado);
   void AgregarEstado(const Estado& estado);

@@ -1,8 +1,10 @@
 // The controls of the favourites manager.
 #include <algorithm>
 
+#include <QApplication>
+
+#include "platform/boton_dibujo.h"
 #include "platform/controles.h"
-#include "platform/dibujos.h"
 #include "platform/fuentes.h"
 #include "text_window/panel_favoritas.h"
 
@@ -14,7 +16,6 @@ constexpr int MargenEstado = 60;  // from the border to the lines, on either sid
 constexpr int AltoEstado = 165;   // twips
 constexpr qreal PuntosEstado = 6.75;
 constexpr qreal PuntosTituloLista = 8.25;
-constexpr QColor CianClaro(128, 255, 255);
 constexpr int LadoDibujo = 48;  // pixels
 
 struct Etiqueta {
@@ -35,20 +36,23 @@ void PonerNegrita(QWidget& control, const QString& familia, qreal puntos) {
   control.setFont(fuente);
 }
 
-QCursor Flecha() {
-  return Puntero(QStringLiteral("puntero_flecha"), 0, 0);
+// The panel's background is not that of the scroll bars inside it.
+void PonerFondoPropio(QWidget& lista) {
+  QPalette paleta;
+  paleta.setColor(QPalette::Window, QApplication::palette().color(QPalette::Window));
+  lista.setPalette(paleta);
 }
 
 QToolButton* Boton(QWidget* padre, const QString& nombre, const RectTwips& rect,
                    const QString& dibujo, const QString& ayuda) {
-  auto* boton = new QToolButton(padre);
-  Colocar(*boton, nombre, rect);
-  boton->setIcon(Icono(dibujo));
-  boton->setIconSize({LadoDibujo, LadoDibujo});
+  auto* boton = CrearBoton(padre, {nombre,
+                                   rect,
+                                   dibujo,
+                                   {LadoDibujo, LadoDibujo},
+                                   QApplication::palette().color(QPalette::Button),
+                                   ayuda});
   boton->setToolTip(ayuda);
-  boton->setAccessibleName(ayuda);
-  boton->setFocusPolicy(Qt::StrongFocus);
-  boton->setCursor(Flecha());
+  boton->setCursor(MarcoTitulado::Flecha());
   return boton;
 }
 
@@ -66,9 +70,8 @@ FraFavoritas::FraFavoritas(ModGral& gral, Unidades& unidades, QWidget* padre)
   LstFav = new QListWidget(this);
   CmdQuitar = Boton(this, QStringLiteral("CmdQuitar"), {3360, 3240, 945, 855},
                     QStringLiteral("quitar"), QStringLiteral("Quitar carpeta seleccionada"));
-  CmdCerrarFav = new QPushButton(QStringLiteral("Cerrar"), this);
+  CmdCerrarFav = CrearCerrar(QStringLiteral("CmdCerrarFav"), {3720, 180, 615, 255});
   DisponerListas();
-  DisponerCerrar();
   connect(DrvUnidad, &ListaUnidades::Cambiada, this, &FraFavoritas::DrvUnidad_Change);
   connect(DirCarpeta, &ListaCarpetas::NoAbierta, this, &FraFavoritas::AvisarNoAbierta);
   connect(CmdAnhadir, &QToolButton::clicked, this, &FraFavoritas::CmdAnhadir_Click);
@@ -113,12 +116,6 @@ void FraFavoritas::DisponerListas() const {
   DrvUnidad->setCursor(Flecha());
   DirCarpeta->setCursor(Flecha());
   LstFav->setTextElideMode(Qt::ElideNone);
-}
-
-void FraFavoritas::DisponerCerrar() const {
-  Colocar(*CmdCerrarFav, QStringLiteral("CmdCerrarFav"), {3720, 180, 615, 255});
-  CmdCerrarFav->setCursor(Flecha());
-  QPalette paleta;
-  paleta.setColor(QPalette::Button, CianClaro);
-  CmdCerrarFav->setPalette(paleta);
+  PonerFondoPropio(*DirCarpeta);
+  PonerFondoPropio(*LstFav);
 }

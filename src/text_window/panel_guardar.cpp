@@ -1,7 +1,8 @@
 #include "text_window/panel_guardar.h"
 
+#include "platform/boton_dibujo.h"
 #include "platform/controles.h"
-#include "platform/dibujos.h"
+#include "text_window/marco_titulado.h"
 
 namespace {
 
@@ -12,17 +13,10 @@ constexpr int LadoDibujo = 26;  // pixels
 
 QToolButton* Boton(QWidget* padre, const QString& nombre, const RectTwips& rect,
                    const QString& dibujo, const QString& ayuda) {
-  auto* boton = new QToolButton(padre);
-  Colocar(*boton, nombre, rect);
-  boton->setIcon(Icono(dibujo));
-  boton->setIconSize({LadoDibujo, LadoDibujo});
+  auto* boton =
+      CrearBoton(padre, {nombre, rect, dibujo, {LadoDibujo, LadoDibujo}, Qt::white, ayuda});
   boton->setToolTip(ayuda);
-  boton->setAccessibleName(ayuda);
-  boton->setCursor(Puntero(QStringLiteral("puntero_flecha"), 0, 0));
-  boton->setFocusPolicy(Qt::StrongFocus);
-  QPalette blanco;
-  blanco.setColor(QPalette::Button, Qt::white);
-  boton->setPalette(blanco);
+  boton->setCursor(MarcoTitulado::Flecha());
   return boton;
 }
 

@@ -278,7 +278,7 @@ TEST_F(LasFavoritas, the_options_panel_leads_to_it_and_is_stored_first) {
   EXPECT_TRUE(carpeta.Leer(Texto("Velda.INI")).contains("Confirmar="));
 }
 
-TEST_F(LasFavoritas, tab_walks_through_its_controls_and_stays_inside) {
+TEST_F(LasFavoritas, tab_walks_through_its_controls_and_enter_presses_them) {
   Abrir();
   QStringList vuelta;
   for (int i = 0; i < 7; ++i) {
@@ -287,6 +287,12 @@ TEST_F(LasFavoritas, tab_walks_through_its_controls_and_stays_inside) {
   }
   EXPECT_EQ(vuelta.join(u' '),
             Texto("DrvUnidad DirCarpeta CmdAnhadir LstFav CmdQuitar CmdCerrarFav DrvUnidad"));
+  for (QWidget* boton :
+       {static_cast<QWidget*>(Panel().CmdAnhadir), static_cast<QWidget*>(Panel().CmdCerrarFav)}) {
+    boton->setFocus();
+    QTest::keyClick(boton, Qt::Key_Return);
+  }
+  EXPECT_EQ(LeerFavoritas(gral), QStringList(Ruta("casa")));
 }
 
 }  // namespace
