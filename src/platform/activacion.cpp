@@ -12,7 +12,8 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds Paciencia{1000};
+constexpr std::chrono::milliseconds Paciencia{1000};  // with a desktop that does not answer
+constexpr std::chrono::milliseconds Calma{150};       // after it has answered
 constexpr std::chrono::milliseconds EsperaSinGestor{50};
 
 Ventana* VentanaDe(QObject* objeto) {
@@ -93,11 +94,7 @@ Activacion::BucleModal::~BucleModal() {
 Activacion::Activacion() {
   qApp->installEventFilter(this);
   paciencia_.setSingleShot(true);
-  paciencia_.setInterval(Paciencia);
-  connect(&paciencia_, &QTimer::timeout, this, [this] {
-    pedida_ = nullptr;
-    presionada_ = nullptr;
-  });
+  connect(&paciencia_, &QTimer::timeout, this, &Activacion::Sosegar);
   connect(qApp, &QGuiApplication::applicationStateChanged, this,
           [this](Qt::ApplicationState estado) {
             if (estado != Qt::ApplicationActive) {
@@ -150,7 +147,8 @@ bool Activacion::eventFilter(QObject* objeto, QEvent* evento) {
 void Activacion::PorUsuario(Ventana& ventana) {
   if (!ventana.isActiveWindow()) {
     presionada_ = &ventana;
-    paciencia_.start();
+    pedida_ = nullptr;  // what was asked for before is out of date
+    paciencia_.start(Paciencia);
     // Without a window manager nobody else gives the pressed window the keyboard.
     QTimer::singleShot(EsperaSinGestor, &ventana, [this, &ventana] {
       if (activa_ == &ventana && !ventana.isActiveWindow() && !HayDialogo()) {
@@ -161,17 +159,29 @@ void Activacion::PorUsuario(Ventana& ventana) {
   Mover(ventana);
 }
 
+// While the desktop has not caught up with the last request or press, its events are old news;
+// and for a moment afterwards, since an older request may still be under way.
 void Activacion::PorEscritorio(Ventana& ventana) {
-  if (presionada_ == &ventana) {
+  const bool esperada = pedida_ != nullptr || presionada_ != nullptr;
+  if (pedida_ == &ventana || presionada_ == &ventana) {
+    concedida_ = true;
     presionada_ = nullptr;
+    pedida_ = &ventana;
+    paciencia_.start(Calma);
   }
-  if (pedida_ != nullptr) {
-    if (pedida_ == &ventana) {
-      pedida_ = nullptr;
-    }
-    return;
+  if (!esperada) {
+    Mover(ventana);
   }
-  Mover(ventana);
+}
+
+// Nothing is under way any more: where the keyboard really is counts.
+void Activacion::Sosegar() {
+  pedida_ = nullptr;
+  presionada_ = nullptr;
+  auto* real = qobject_cast<Ventana*>(QApplication::activeWindow());
+  if (real != nullptr && dialogos_ == 0 && !Bloqueada(*real)) {
+    Mover(*real);
+  }
 }
 
 void Activacion::Mover(Ventana& ventana) {
@@ -227,13 +237,14 @@ void Activacion::PedirFoco() {
   if (activa_ == nullptr || !activa_->isVisible() || activa_->isMinimized()) {
     return;
   }
-  const bool ya_activa = activa_->isActiveWindow() && presionada_ == nullptr && pedida_ == nullptr;
-  if (ya_activa) {
+  const bool en_orden = pedida_ == nullptr || (pedida_ == activa_ && concedida_);
+  if (activa_->isActiveWindow() && presionada_ == nullptr && en_orden) {
     return;
   }
   activa_->raise();
   Anotar(elevadas_, *activa_);
   pedida_ = activa_;
-  paciencia_.start();
+  concedida_ = false;
+  paciencia_.start(Paciencia);
   activa_->activateWindow();
 }

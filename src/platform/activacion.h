@@ -79,14 +79,16 @@ class Activacion : public QObject {
   void Asentar();
   void ElevarTocadas();
   void PedirFoco();
+  void Sosegar();
 
   QPointer<Ventana> activa_;
-  QPointer<Ventana> pedida_;      // asked of the desktop, not yet granted
+  QPointer<Ventana> pedida_;      // asked of the desktop, or granted a moment ago
   QPointer<Ventana> presionada_;  // pressed while the desktop had not yet activated it
   std::vector<QPointer<Ventana>> por_mapear_;
   std::vector<QPointer<Ventana>> tocadas_;   // given the focus during this handler
   std::vector<QPointer<Ventana>> elevadas_;  // raised since the user came to the program
-  QTimer paciencia_;                         // gives up on a request that nobody answers
+  bool concedida_ = false;
+  QTimer paciencia_;  // gives up on a request that nobody answers
   int profundidad_ = 0;
   int dialogos_ = 0;
   bool reclamar_ = false;
