@@ -49,7 +49,7 @@ void CajaTexto::dropEvent(QDropEvent* evento) {
   const Posicion pos = encuadre_.EnPunto(evento->position().toPoint()).pos;
   const bool propio = evento->source() == this || evento->source() == viewport();
   if (propio && evento->dropAction() == Qt::MoveAction) return MoverElegido(pos);
-  const QByteArray bytes = DeFuera(evento->mimeData()->text(), documento_.FinDeLinea());
+  const QByteArray bytes = DeFuera(*evento->mimeData(), documento_.FinDeLinea());
   if (Cambiar(pos, pos, bytes, Agrupacion::Sola)) PonerCursor(pos + bytes.size(), pos);
   setFocus(Qt::MouseFocusReason);
 }

@@ -64,7 +64,12 @@ void CajaTexto::Copiar() {
 }
 
 void CajaTexto::Pegar() {
-  if (!solo_lectura_) Insertar(QApplication::clipboard()->text());
+  PegarDatos(QApplication::clipboard()->mimeData());
+}
+
+void CajaTexto::PegarDatos(const QMimeData* datos) {
+  if (solo_lectura_ || !datos) return;
+  Cambiar(Desde(), Hasta(), DeFuera(*datos, documento_.FinDeLinea()), Agrupacion::Sola);
 }
 
 void CajaTexto::ElegirTodo() {

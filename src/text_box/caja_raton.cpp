@@ -133,10 +133,9 @@ void CajaTexto::mouseDoubleClickEvent(QMouseEvent* evento) {
 void CajaTexto::PegarPrimaria(const QPoint& punto) {
   const QClipboard* portapapeles = QApplication::clipboard();
   if (solo_lectura_ || !portapapeles->supportsSelection()) return;
-  const QString texto = portapapeles->text(QClipboard::Selection);
   documento_.CerrarGrupo();
   Colocar(encuadre_.EnPunto(punto), Seleccion::Quitar);
-  Insertar(texto);
+  PegarDatos(portapapeles->mimeData(QClipboard::Selection));
 }
 
 // Whole rows; a touch pad's small turns add up.

@@ -127,6 +127,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   void Cortar();
   void Copiar();
   void Pegar();
+  void PegarDatos(const QMimeData* datos);
   void Eliminar();
   void ElegirTodo();
   QMimeData* DatosElegidos() const;

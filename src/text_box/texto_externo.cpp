@@ -10,35 +10,56 @@ namespace {
 
 const QString TextoLlano = QStringLiteral("text/plain");
 
-// Every line end of `texto` becomes `fin`. In place of a regular expression: texts are long.
-template <typename Texto>
-Texto ConFinales(const Texto& texto, const Texto& fin) {
-  Texto salida;
-  salida.reserve(texto.size());
-  for (qsizetype i = 0; i < texto.size(); ++i) {
-    const auto caracter = texto[i];
-    if (caracter == '\r' && i + 1 < texto.size() && texto[i + 1] == '\n') ++i;
-    if (caracter == '\r' || caracter == '\n')
-      salida += fin;
-    else
-      salida += caracter;
+bool EsFin(char byte) {
+  return byte == '\r' || byte == '\n';
+}
+
+// `bytes` with each line end as `fin`.
+QByteArray ConFinales(const QByteArray& bytes, QByteArrayView fin) {
+  QByteArray salida;
+  salida.reserve(bytes.size());
+  const char* desde = bytes.constBegin();
+  const char* const tope = bytes.constEnd();
+  for (;;) {
+    const char* hasta = std::find_if(desde, tope, EsFin);
+    salida.append(desde, hasta - desde);
+    if (hasta == tope) return salida;
+    salida.append(fin);
+    const bool par = hasta[0] == '\r' && hasta + 1 != tope && hasta[1] == '\n';
+    desde = hasta + (par ? 2 : 1);
   }
-  return salida;
+}
+
+QByteArrayView Vista(std::string_view bytes) {
+  return {bytes.data(), static_cast<qsizetype>(bytes.size())};
+}
+
+// Letter and accent apart become one character; what lies below is so already.
+QString Compuesto(const QString& texto) {
+  constexpr char16_t primer_acento = 0x300;
+  const bool entero =
+      std::ranges::all_of(texto, [](QChar caracter) { return caracter.unicode() < primer_acento; });
+  return entero ? texto : texto.normalized(QString::NormalizationForm_C);
 }
 
 }  // namespace
 
 QByteArray DeFuera(const QString& texto, std::string_view fin_de_linea) {
-  QString entero = texto.normalized(QString::NormalizationForm_C);
+  QString entero = Compuesto(texto);
   entero.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
   entero.replace(QChar::LineSeparator, QLatin1Char('\n'));
-  const QByteArray bytes = PaginaCodigos::ABytes(entero);
-  return ConFinales(bytes, QByteArray(fin_de_linea.data(), qsizetype(fin_de_linea.size())));
+  return ConFinales(PaginaCodigos::ABytes(entero), Vista(fin_de_linea));
+}
+
+QByteArray DeFuera(const QMimeData& datos, std::string_view fin_de_linea) {
+  const auto* propios = qobject_cast<const DatosTexto*>(&datos);
+  return propios ? ConFinales(propios->Crudo(), Vista(fin_de_linea))
+                 : DeFuera(datos.text(), fin_de_linea);
 }
 
 QString ParaFuera(const QByteArray& bytes) {
   if (!bytes.contains('\r')) return PaginaCodigos::ATexto(bytes);
-  return PaginaCodigos::ATexto(ConFinales(bytes, QByteArray("\n")));
+  return PaginaCodigos::ATexto(ConFinales(bytes, "\n"));
 }
 
 QStringList DatosTexto::formats() const {

@@ -10,6 +10,8 @@
 // The characters of the code page for `texto`, each of its line ends (CR LF, CR, LF or Unicode's
 // own) as `fin_de_linea`. What the code page lacks becomes "?".
 QByteArray DeFuera(const QString& texto, std::string_view fin_de_linea);
+// The same of what the clipboard or a drag brings.
+QByteArray DeFuera(const QMimeData& datos, std::string_view fin_de_linea);
 
 // The text for other programs: each line end as LF.
 QString ParaFuera(const QByteArray& bytes);
@@ -20,6 +22,7 @@ class DatosTexto : public QMimeData {
 
  public:
   explicit DatosTexto(QByteArray bytes) : bytes_(std::move(bytes)) {}
+  const QByteArray& Crudo() const { return bytes_; }  // as it was copied
   QStringList formats() const override;
 
  protected:
