@@ -28,7 +28,12 @@ FrmTexto::FrmTexto(ModGral& gral, const Escritorio& escritorio, Ventana& princip
   CrearControles();
 }
 
-FrmTexto::~FrmTexto() = default;
+// The boxes watch the document, which would be gone before the window's children are.
+FrmTexto::~FrmTexto() {
+  for (const CajaTexto* caja : TextBox) {
+    delete caja;
+  }
+}
 
 void FrmTexto::CrearControles() {
   const CajaTexto::Ajuste ajustes[] = {CajaTexto::Ajuste::AlAncho, CajaTexto::Ajuste::SinAjustar};
