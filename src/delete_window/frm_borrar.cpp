@@ -100,7 +100,10 @@ FrmBorrar::FrmBorrar(ModGral& gral, const Escritorio& escritorio, const Ventana&
   CrearAyuda();
 }
 
-FrmBorrar::~FrmBorrar() = default;
+// It watches its text, which would be gone before the window's children are.
+FrmBorrar::~FrmBorrar() {
+  delete TxtAyuda;
+}
 
 // The check box comes first in the tab order.
 void FrmBorrar::CrearEleccion() {
