@@ -1,5 +1,7 @@
 #include "platform/aplicacion.h"
 
+#include <csignal>
+
 #include <QLocale>
 #include <QPalette>
 #include <QSettings>
@@ -50,6 +52,7 @@ void Aplicacion::Plataforma::Soltar() const {
 Aplicacion::Aplicacion(char* programa)
     : argumentos_{programa, nullptr}, aplicacion_(cuantos_, argumentos_) {
   plataforma_.Soltar();
+  std::signal(SIGXFSZ, SIG_IGN);  // a save beyond the size limit fails with a reason instead
   QApplication::setQuitOnLastWindowClosed(false);
   PonerIdioma();
   PonerAspecto();
