@@ -146,9 +146,9 @@ void CajaTexto::Redibujar() {
 void CajaTexto::ActualizarBarras() {
   const Renglones& filas = encuadre_.Reparto();
   encuadre_.PonerX(encuadre_.X());
+  const Posicion arriba = encuadre_.Arriba();  // asked first: the answer may make more rows known
   const std::int64_t maxima = encuadre_.FilaMaxima();
-  vertical_.Poner(std::min(filas.Indice(encuadre_.Arriba()), maxima), maxima,
-                  encuadre_.FilasVisibles(), 1);
+  vertical_.Poner(std::min(filas.Indice(arriba), maxima), maxima, encuadre_.FilasVisibles(), 1);
   horizontal_.Poner(encuadre_.X(), encuadre_.MaximoX(), encuadre_.Tamano().width(), PasoHorizontal);
   if (!filas.Completo() && !reloj_trabajo_.isActive()) reloj_trabajo_.start(0, this);
 }
