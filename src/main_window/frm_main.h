@@ -49,7 +49,7 @@ class FrmMain : public Ventana {
 
  private:
   struct Comando {
-    QString texto;  // caption while the mouse is over the icon
+    QStringView texto;  // caption while the mouse is over the icon
     RectTwips menu;
     RectTwips sel;
     bool espera_texto_nuevo;  // ignored while a new text is under way

@@ -15,57 +15,18 @@ constexpr int IconoVisible = 6;
 }  // namespace
 
 const std::array<FrmMain::Comando, FrmMain::Iconos>& FrmMain::Comandos() {
+  using F = FrmMain;
   static const std::array<Comando, Iconos> comandos{{
-      {QStringLiteral("Abrir"),
-       {240, 50, 435, 540},
-       {135, 0, 570, 585},
-       true,
-       &FrmMain::ComandoAbrir},
-      {QStringLiteral("Nuevo"),
-       {920, 80, 435, 435},
-       {915, 0, 465, 600},
-       false,
-       &FrmMain::ComandoNuevo},
-      {QStringLiteral("Borrar"),
-       {1580, 80, 435, 435},
-       {1560, 30, 480, 540},
-       true,
-       &FrmMain::ComandoBorrar},
-      {QStringLiteral("Información"),
-       {80, 870, 435, 435},
-       {45, 840, 495, 480},
-       false,
-       &FrmMain::ComandoInformacion},
-      {QStringLiteral("Opciones"),
-       {620, 870, 435, 435},
-       {540, 870, 585, 525},
-       true,
-       &FrmMain::ComandoOpciones},
-      {QStringLiteral("Favoritas"),
-       {1230, 870, 435, 435},
-       {1155, 840, 570, 510},
-       false,
-       &FrmMain::ComandoFavoritas},
-      {QStringLiteral("S.Visible"),
-       {1800, 870, 410, 435},
-       {1750, 840, 450, 495},
-       false,
-       &FrmMain::ComandoSVisible},
-      {QStringLiteral("Anterior"),
-       {1365, 1530, 315, 315},
-       {1290, 1405, 480, 495},
-       false,
-       &FrmMain::ComandoAnterior},
-      {QStringLiteral("Siguiente"),
-       {1830, 1530, 315, 315},
-       {1770, 1405, 465, 495},
-       false,
-       &FrmMain::ComandoSiguiente},
-      {QStringLiteral("Ayuda"),
-       {1940, 4600, 315, 300},
-       {1890, 4560, 360, 345},
-       false,
-       &FrmMain::ComandoAyuda},
+      {u"Abrir", {240, 50, 435, 540}, {135, 0, 570, 585}, true, &F::ComandoAbrir},
+      {u"Nuevo", {920, 80, 435, 435}, {915, 0, 465, 600}, false, &F::ComandoNuevo},
+      {u"Borrar", {1580, 80, 435, 435}, {1560, 30, 480, 540}, true, &F::ComandoBorrar},
+      {u"Información", {80, 870, 435, 435}, {45, 840, 495, 480}, false, &F::ComandoInformacion},
+      {u"Opciones", {620, 870, 435, 435}, {540, 870, 585, 525}, true, &F::ComandoOpciones},
+      {u"Favoritas", {1230, 870, 435, 435}, {1155, 840, 570, 510}, false, &F::ComandoFavoritas},
+      {u"S.Visible", {1800, 870, 410, 435}, {1750, 840, 450, 495}, false, &F::ComandoSVisible},
+      {u"Anterior", {1365, 1530, 315, 315}, {1290, 1405, 480, 495}, false, &F::ComandoAnterior},
+      {u"Siguiente", {1830, 1530, 315, 315}, {1770, 1405, 465, 495}, false, &F::ComandoSiguiente},
+      {u"Ayuda", {1940, 4600, 315, 300}, {1890, 4560, 360, 345}, false, &F::ComandoAyuda},
   }};
   return comandos;
 }
@@ -81,7 +42,7 @@ void FrmMain::CrearIconos() {
   for (int i = 0; i < Iconos; ++i) {
     ImgMenu[i] = new Imagen(this);
     Colocar(*ImgMenu[i], QStringLiteral("ImgMenu(%1)").arg(i), Comandos()[i].menu);
-    ImgMenu[i]->setAccessibleName(Comandos()[i].texto);
+    ImgMenu[i]->setAccessibleName(Comandos()[i].texto.toString());
     ImgMenu[i]->setCursor(Puntero(QStringLiteral("puntero_menu"), 12, 1));
     connect(ImgMenu[i], &Imagen::RatonMovido, this, [this, i] { ImgMenu_MouseMove(i); });
     connect(ImgMenu[i], &Imagen::Pulsada, this, [this, i] { ImgMenu_Click(i); });
@@ -89,7 +50,7 @@ void FrmMain::CrearIconos() {
 }
 
 QString FrmMain::TextoDe(int indice) const {
-  const QString& texto = Comandos()[indice].texto;
+  const QString texto = Comandos()[indice].texto.toString();
   if (indice != IconoVisible) {
     return texto;
   }

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int CodigoSuprimir = 46;
 
-bool EligeEntrada(const QKeyEvent& evento) {
-  switch (evento.key()) {
+bool Recorre(int tecla) {
+  switch (tecla) {
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_Left:
@@ -20,9 +20,8 @@ bool EligeEntrada(const QKeyEvent& evento) {
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
       return true;
-    default:  // a letter goes to the entry that begins with it
-      return !evento.text().isEmpty() && evento.text().at(0).isPrint() &&
-             !(evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    default:
+      return false;
   }
 }
 
@@ -60,8 +59,11 @@ void VistaLista::keyPressEvent(QKeyEvent* evento) {
     emit TeclaPulsada(CodigoSuprimir);
     return;
   }
+  const int antes = IndiceSeleccionado();
   QListView::keyPressEvent(evento);
-  if (EligeEntrada(*evento) && IndiceSeleccionado() >= 0) {
+  // Letters search: those that stay on the entry found must not hand the keyboard to its text.
+  const int ahora = IndiceSeleccionado();
+  if (ahora >= 0 && (ahora != antes || Recorre(evento->key()))) {
     emit Elegida();
   }
 }

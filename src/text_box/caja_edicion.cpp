@@ -23,10 +23,11 @@ bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes,
 }
 
 void CajaTexto::Borrar(Posicion desde, Posicion hasta) {
-  if (HaySeleccion())
+  if (HaySeleccion()) {
     Eliminar();
-  else
+  } else {
     Cambiar(desde, hasta, {}, Agrupacion::Borrar);
+  }
 }
 
 void CajaTexto::Insertar(const QString& texto) {

@@ -7,11 +7,12 @@ void Composicion::Poner(const QInputMethodEvent& evento, const QFont& fuente) {
   cursor_ = static_cast<int>(texto.size());
   QList<QTextLayout::FormatRange> formatos;
   for (const QInputMethodEvent::Attribute& atributo : evento.attributes()) {
-    if (atributo.type == QInputMethodEvent::Cursor)
+    if (atributo.type == QInputMethodEvent::Cursor) {
       cursor_ = atributo.length > 0 ? atributo.start : -1;
-    else if (atributo.type == QInputMethodEvent::TextFormat)
+    } else if (atributo.type == QInputMethodEvent::TextFormat) {
       formatos.append({atributo.start, atributo.length,
                        qvariant_cast<QTextFormat>(atributo.value).toCharFormat()});
+    }
   }
   if (formatos.isEmpty()) {
     QTextCharFormat subrayado;

@@ -1,6 +1,7 @@
 #include "text_box/documento.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <string>
 #include <utility>
@@ -45,14 +46,15 @@ bool Documento::Reemplazar(Posicion pos, Posicion quitados, std::string_view nue
                            Agrupacion agrupacion) {
   if (quitados == 0 && nuevos.empty()) return true;
   // What is put in may lie in the text and be gone afterwards.
-  const char extremos[2] = {nuevos.empty() ? '\0' : nuevos.front(),
+  const std::array extremos{nuevos.empty() ? '\0' : nuevos.front(),
                             nuevos.empty() ? '\0' : nuevos.back()};
   Operacion operacion{pos, static_cast<Posicion>(nuevos.size()), {}, false};
   if (!Canjear(bytes_, pos, quitados, nuevos, operacion.fuera)) return false;
   const Cambio cambio{pos, quitados, operacion.dentro};
   const std::string borrados(operacion.fuera.Vista());
-  historial_.Anotar(std::move(operacion), agrupacion,
-                    cambio.puestos > 0 ? std::string_view(extremos, 2) : borrados, Ahora());
+  historial_.Anotar(
+      std::move(operacion), agrupacion,
+      cambio.puestos > 0 ? std::string_view(extremos.data(), extremos.size()) : borrados, Ahora());
   Avisar(cambio);
   return true;
 }

@@ -125,10 +125,11 @@ void Lineas::Reemplazado(const Cambio& cambio) {
   const Posicion delta = cambio.puestos - cambio.quitados;
   const auto largo = [&] { return sumas_.Donde(hasta).bytes - sumas_.Donde(desde).bytes + delta; };
   if (largo() < bloque_ / 4) {
-    if (hasta < sumas_.Bloques())
+    if (hasta < sumas_.Bloques()) {
       ++hasta;
-    else if (desde > 0)
+    } else if (desde > 0) {
       --desde;
+    }
   }
   const Posicion inicio = sumas_.Donde(desde).bytes;
   const std::vector<Sumas::Bloque> nuevos =

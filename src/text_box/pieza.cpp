@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr Posicion Bocado = 1024 * 1024;
+constexpr Posicion Bocado = 1 << 20;
 constexpr std::size_t MayorUnion = 1024;  // putting bytes in front moves the others
 
 }  // namespace

@@ -58,10 +58,11 @@ void Sumas::Sustituir(std::size_t desde, std::size_t hasta, std::span<const Bloq
   const std::size_t comunes = std::min(quitados, nuevos.size());
   const auto lugar = bloques_.begin() + static_cast<std::ptrdiff_t>(desde);
   const auto resto = std::copy_n(nuevos.begin(), comunes, lugar);
-  if (quitados > comunes)
+  if (quitados > comunes) {
     bloques_.erase(resto, lugar + static_cast<std::ptrdiff_t>(quitados));
-  else
+  } else {
     bloques_.insert(resto, nuevos.begin() + static_cast<std::ptrdiff_t>(comunes), nuevos.end());
+  }
 
   grupos_.resize(Grupos(bloques_.size()));
   for (std::size_t i = primero; i < (tantos ? ultimo : grupos_.size()); ++i) {

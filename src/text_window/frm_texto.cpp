@@ -36,7 +36,7 @@ FrmTexto::~FrmTexto() {
 }
 
 void FrmTexto::CrearControles() {
-  const CajaTexto::Ajuste ajustes[] = {CajaTexto::Ajuste::AlAncho, CajaTexto::Ajuste::SinAjustar};
+  constexpr std::array ajustes{CajaTexto::Ajuste::AlAncho, CajaTexto::Ajuste::SinAjustar};
   for (int i = 0; i < 2; ++i) {
     TextBox[i] = new CajaTexto(documento_, ajustes[i], this);
     TextBox[i]->setObjectName(QStringLiteral("TextBox(%1)").arg(i));

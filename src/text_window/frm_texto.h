@@ -2,6 +2,8 @@
 // window leaves a request in the shared state and shows it or gives it the focus.
 #pragma once
 
+#include <array>
+
 #include "platform/escritorio.h"
 #include "platform/ventana.h"
 #include "shared/mod_gral.h"
@@ -67,7 +69,7 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   Ventana& principal_;
   Documento documento_;
 
-  CajaTexto* TextBox[2] = {};  // 0 wraps, 1 does not; children of the window
+  std::array<CajaTexto*, 2> TextBox{};  // 0 wraps, 1 does not; children of the window
   FraGuardar* FraGuardar_ = nullptr;
   FraOpciones* FraOpciones_ = nullptr;
   FraFavoritas* FraFavoritas_ = nullptr;

@@ -116,6 +116,17 @@ TEST_F(ListaAbierta, arrow_keys_walk_and_each_step_shows_its_file) {
   EXPECT_EQ(escritorio.activacion.Activa(), principal.get()) << "the keyboard stays in the list";
 }
 
+TEST_F(ListaAbierta, the_letters_of_a_name_find_it_and_never_reach_its_text) {
+  Arrancar();
+  for (const char* nombre : {"alba", "alfa", "beta"}) {
+    Abrir(Archivo(nombre, nombre));
+  }
+  principal->DarFoco();
+  QTest::keyClicks(Lista(), QStringLiteral("alf"));
+  EXPECT_EQ(EnCaja(), "alfa");
+  EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
+}
+
 TEST_F(ListaAbierta, choosing_the_file_that_is_shown_keeps_the_edit) {
   Arrancar();
   Abrir(Archivo("a", "texto"));
