@@ -124,10 +124,11 @@ void Bytes::MoverHueco(std::size_t pos) {
   if (pos == hueco_) return;
   char* const hueco = base_ + hueco_;
   const std::size_t movidos = pos < hueco_ ? hueco_ - pos : pos - hueco_;
-  if (pos < hueco_)
+  if (pos < hueco_) {
     std::memmove(hueco + ancho_hueco_ - movidos, hueco - movidos, movidos);
-  else
+  } else {
     std::memmove(hueco, hueco + ancho_hueco_, movidos);
+  }
   hueco_ = pos;
   if (ancho_hueco_ >= HuecoGrande && movidos >= HuecoGrande) SoltarHueco();
 }

@@ -21,10 +21,11 @@ void CajaTexto::PintarFilas(QPainter& pintor) {
   const Posicion compuesta = composicion_.Vacia() ? -1 : encuadre_.FilaDe(cursor_);
   PintorTexto::Fila fila{encuadre_.Arriba(), Encuadre::Margen, Desde(), Hasta()};
   while (fila.y < viewport()->height() && fila.inicio >= 0) {
-    if (fila.inicio == compuesta)
+    if (fila.inicio == compuesta) {
       PintarCompuesta(pintor, filas, fila);
-    else
+    } else {
       filas.Pintar(fila);
+    }
     fila.y += encuadre_.Tabla().AltoFila();
     fila.inicio = reparto.Siguiente(fila.inicio);
   }

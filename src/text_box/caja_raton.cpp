@@ -67,10 +67,11 @@ void CajaTexto::mousePressEvent(QMouseEvent* evento) {
     documento_.CerrarGrupo();
     return Colocar(lugar, Seleccion::Extender);
   }
-  if (HaySeleccion() && EnSeleccion(punto))
+  if (HaySeleccion() && EnSeleccion(punto)) {
     raton_.gesto = Raton::Gesto::QuizaArrastrar;
-  else
+  } else {
     EmpezarSeleccion(lugar, Grano::Caracter);
+  }
 }
 
 // Is the selection painted under this point?
@@ -93,10 +94,11 @@ void CajaTexto::mouseMoveEvent(QMouseEvent* evento) {
     return;
   }
   if (raton_.gesto != Raton::Gesto::Elegir) return;
-  if (viewport()->rect().contains(punto))
+  if (viewport()->rect().contains(punto)) {
     reloj_arrastre_.stop();
-  else if (!reloj_arrastre_.isActive())
+  } else if (!reloj_arrastre_.isActive()) {
     reloj_arrastre_.start(MilisegundosRodar, this);
+  }
   ExtenderSeleccion(punto);
 }
 

@@ -51,10 +51,11 @@ bool Curvas::Preparar(std::size_t bloque, Posicion pos, Posicion fin, int& bloqu
     if (!listo) {
       if (bloques <= 0) return false;
       bloques -= static_cast<int>(paso);
-      if (entero)
+      if (entero) {
         DeGrupo(grupo, pos);
-      else
+      } else {
         DeBloque(bloque, pos);
+      }
     }
     pos += largo;
     bloque += paso;

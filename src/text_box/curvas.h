@@ -70,8 +70,9 @@ void EmpalmarVector(std::vector<T>& vector, const Lineas::Empalme& empalme, cons
   const auto lugar = vector.begin() + static_cast<std::ptrdiff_t>(empalme.desde);
   const std::size_t comunes = empalme.viejos < empalme.nuevos ? empalme.viejos : empalme.nuevos;
   const auto resto = std::fill_n(lugar, comunes, valor);
-  if (empalme.viejos > comunes)
+  if (empalme.viejos > comunes) {
     vector.erase(resto, resto + static_cast<std::ptrdiff_t>(empalme.viejos - comunes));
-  else
+  } else {
     vector.insert(resto, empalme.nuevos - comunes, valor);
+  }
 }

@@ -33,15 +33,17 @@ Punto Encuadre::AnchoUtil() const {
 }
 
 void Encuadre::Reemplazado(const Cambio& cambio, bool seguir) {
-  if (seguir && reparto_)
+  if (seguir && reparto_) {
     reparto_->Reemplazado(cambio);
-  else
+  } else {
     reparto_.reset();
+  }
   const Posicion fin_quitado = cambio.pos + cambio.quitados;
-  if (lectura_ >= fin_quitado)
+  if (lectura_ >= fin_quitado) {
     lectura_ += cambio.puestos - cambio.quitados;
-  else
+  } else {
     lectura_ = std::min(lectura_, cambio.pos);
+  }
   encajado_ = false;
 }
 
@@ -142,10 +144,11 @@ void Encuadre::Mostrar(const Lugar& lugar) {
   }
   if (ajustado_) return;
   const std::int64_t x = Margen + XDe(lugar) / Pixel;
-  if (x - Margen < x_)
+  if (x - Margen < x_) {
     PonerX(x - Margen);
-  else if (x + Margen + AnchoCursor > x_ + tamano_.width())
+  } else if (x + Margen + AnchoCursor > x_ + tamano_.width()) {
     PonerX(x + Margen + AnchoCursor - tamano_.width());
+  }
 }
 
 Posicion Encuadre::FilaDe(const Lugar& lugar) const {

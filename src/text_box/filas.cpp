@@ -30,10 +30,11 @@ bool Filas::Avanzar(int milisegundos) {
   using Reloj = std::chrono::steady_clock;
   const Reloj::time_point fin = Reloj::now() + std::chrono::milliseconds(milisegundos);
   while (!Completo()) {
-    if (!pendientes_.empty())
+    if (!pendientes_.empty()) {
       Resolver(pendientes_.front(), pendientes_.front() + medidas_.al_preguntar);
-    else
+    } else {
       Extender(sumas_.Bytes() + medidas_.al_preguntar);
+    }
     if (Reloj::now() >= fin) break;
   }
   return Completo();

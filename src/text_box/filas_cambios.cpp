@@ -132,12 +132,13 @@ void Filas::Asegurar(Posicion linea, Posicion pos) const {
     const Sumas::Lugar lugar = sumas_.PorPosicion(pos);
     const Posicion desde = lineas_->InicioDe(std::min(linea, lugar.bytes));
     const auto pendiente = std::lower_bound(pendientes_.begin(), pendientes_.end(), desde);
-    if (pendiente != pendientes_.end() && *pendiente <= pos)
+    if (pendiente != pendientes_.end() && *pendiente <= pos) {
       Resolver(*pendiente, pos + medidas_.al_cambiar);
-    else if (lugar.bloque == sumas_.Bloques())
+    } else if (lugar.bloque == sumas_.Bloques()) {
       Extender(pos + medidas_.al_cambiar);
-    else
+    } else {
       return;
+    }
   }
 }
 
@@ -171,9 +172,10 @@ void Filas::Reemplazado(const Cambio& cambio) {
     return;
   }
   std::vector<Sumas::Bloque> nuevos;
-  if (viejos.bloque < sumas_.Bloques())
+  if (viejos.bloque < sumas_.Bloques()) {
     Aplazar(inicio, viejos.inicio, nuevos);
-  else
+  } else {
     OlvidarPendientes(inicio, texto_->Tamano());
+  }
   sumas_.Sustituir(primero, viejos.bloque, nuevos);
 }

@@ -1,6 +1,7 @@
 #include "text_box/teclas.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace {
@@ -19,7 +20,7 @@ constexpr auto Caracter = Aviso::Caracter;
 constexpr auto Suprimir = Aviso::Suprimir;
 constexpr auto Ninguno = Aviso::Ninguno;
 
-constexpr Renglon Edicion[] = {
+constexpr auto Edicion = std::to_array<Renglon>({
     {Qt::Key_Return, false, Mayus::DaIgual, Orden::Enter, Caracter},
     {Qt::Key_Enter, false, Mayus::DaIgual, Orden::Enter, Caracter},
     {Qt::Key_Return, true, Mayus::DaIgual, Orden::Enter, Caracter},
@@ -46,7 +47,7 @@ constexpr Renglon Edicion[] = {
     {Qt::Key_F10, false, Mayus::Si, Orden::Menu, Ninguno},
     {Qt::Key_Up, true, Mayus::No, Orden::RodarArriba, Ninguno},
     {Qt::Key_Down, true, Mayus::No, Orden::RodarAbajo, Ninguno},
-};
+});
 
 struct Paso {
   int tecla;
@@ -54,7 +55,7 @@ struct Paso {
   Orden con_control;
 };
 
-constexpr Paso Movimiento[] = {
+constexpr auto Movimiento = std::to_array<Paso>({
     {Qt::Key_Left, Orden::Izquierda, Orden::PalabraIzquierda},
     {Qt::Key_Right, Orden::Derecha, Orden::PalabraDerecha},
     {Qt::Key_Up, Orden::FilaArriba, Orden::FilaArriba},
@@ -63,7 +64,7 @@ constexpr Paso Movimiento[] = {
     {Qt::Key_PageDown, Orden::PaginaAbajo, Orden::PaginaAbajo},
     {Qt::Key_Home, Orden::InicioFila, Orden::InicioTexto},
     {Qt::Key_End, Orden::FinFila, Orden::FinTexto},
-};
+});
 
 bool Coincide(const Renglon& renglon, int tecla, bool control, bool mayus) {
   return renglon.tecla == tecla && renglon.control == control &&
