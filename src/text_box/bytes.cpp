@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t Pagina = 4096;
 constexpr std::size_t HuecoInicial = 64 * 1024;
-constexpr std::size_t HuecoGrande = 1024 * 1024;  // from here on its memory is given back
+constexpr std::size_t HuecoGrande = std::size_t{1} << 20;  // from here on its memory is given back
 
 std::size_t EnPaginas(std::size_t bytes) {
   return (bytes + Pagina - 1) / Pagina * Pagina;

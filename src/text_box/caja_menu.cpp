@@ -1,4 +1,6 @@
 // The context menu.
+#include <array>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -16,11 +18,12 @@ void CajaTexto::contextMenuEvent(QContextMenuEvent* evento) {
 void CajaTexto::MostrarMenu(const QPoint& global) {
   const bool edita = !solo_lectura_;
   const bool elegido = HaySeleccion();
-  const struct {
+  struct Opcion {
     const char* texto;  // nothing: a separator
     bool activa;
     void (CajaTexto::*orden)();
-  } opciones[] = {
+  };
+  const auto opciones = std::to_array<Opcion>({
       {"&Deshacer\tCtrl+Z", edita && documento_.PuedeDeshacer(), &CajaTexto::Deshacer},
       {"&Rehacer\tCtrl+Y", edita && documento_.PuedeRehacer(), &CajaTexto::Rehacer},
       {nullptr, false, nullptr},
@@ -31,10 +34,10 @@ void CajaTexto::MostrarMenu(const QPoint& global) {
       {"&Eliminar\tSupr", edita && elegido, &CajaTexto::Eliminar},
       {nullptr, false, nullptr},
       {"&Seleccionar todo\tCtrl+A", documento_.Tamano() > 0, &CajaTexto::ElegirTodo},
-  };
+  });
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const auto& opcion : opciones) {
+  for (const Opcion& opcion : opciones) {
     if (!opcion.texto) {
       menu->addSeparator();
       continue;

@@ -152,5 +152,5 @@ void CajaTexto::wheelEvent(QWheelEvent* evento) {
   raton_.rueda += evento->angleDelta() * QApplication::wheelScrollLines();
   RodarFilas(-Enteros(raton_.rueda.ry(), GradosMuesca));
   const int pasos = Enteros(raton_.rueda.rx(), GradosMuesca);
-  RodarX(encuadre_.X() - pasos * horizontalScrollBar()->singleStep());
+  RodarX(encuadre_.X() - std::int64_t{pasos} * horizontalScrollBar()->singleStep());
 }

@@ -8,7 +8,7 @@
 #include "text_box/documento.h"
 
 Resultado Documento::Cargar(LectorArchivo& lector) {
-  constexpr std::size_t Bocado = 1024 * 1024;  // counted while it is in the cache
+  constexpr std::size_t Bocado = std::size_t{1} << 20;  // counted while it is in the cache
   Bytes nuevos;
   ContadorLineas contador;
   std::size_t previstos = lector.Tamano();  // the file may grow or shrink meanwhile
