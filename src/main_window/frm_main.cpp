@@ -77,6 +77,7 @@ void FrmMain::CrearLista() {
 void FrmMain::CrearEtiquetas() {
   LblTotal = Etiqueta(this, QStringLiteral("LblTotal"), RectTotal);
   LblTotal->setText(QStringLiteral("00"));
+  LblTotal->setAccessibleDescription(QStringLiteral("Número de archivos abiertos"));
   PintarTexto(*LblTotal, Qt::black);
   LblError = Etiqueta(this, QStringLiteral("LblError"), RectError);
   PintarTexto(*LblError, Qt::white);

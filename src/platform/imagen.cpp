@@ -5,10 +5,12 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "platform/accesibles.h"
 #include "platform/dibujos.h"
 
 Imagen::Imagen(QWidget* padre, QString dibujo) : QWidget(padre), dibujo_(std::move(dibujo)) {
   setMouseTracking(true);
+  HacerAccesibles();
 }
 
 void Imagen::mouseMoveEvent(QMouseEvent* /*evento*/) {

@@ -4,6 +4,8 @@
 #include <QEventLoop>
 #include <QWindow>
 
+#include "platform/accesibles.h"
+
 namespace {
 
 // What a frame takes until a window of this run has shown the real one, in twips.
@@ -45,6 +47,7 @@ int TwipsDe(int pedido, int pixeles) {
 Ventana::Ventana(Activacion& activacion, Marco marco)
     : QWidget(nullptr, Banderas(marco)), activacion_(activacion) {
   setAttribute(Qt::WA_QuitOnClose, false);
+  HacerAccesibles();
 }
 
 Ventana::~Ventana() {

@@ -1,3 +1,5 @@
+#include <QAccessible>
+
 #include "programa.h"
 
 namespace {
@@ -26,6 +28,24 @@ TEST_F(Menu, hovering_names_the_command_and_shows_one_highlight) {
   principal->Form_MouseMove();
   EXPECT_EQ(principal->Titulo(), QStringLiteral("Velda..."));
   EXPECT_FALSE(Hijo(*principal, "ImgSel", 9)->isVisible());
+}
+
+TEST_F(Menu, a_screen_reader_finds_windows_and_buttons_and_presses_an_icon_from_the_text) {
+  Arrancar();
+  Abrir(Archivo("a.txt", "a"));
+  auto* dibujo = QAccessible::queryAccessibleInterface(Hijo(*principal, "ImgSel", 4));
+  auto* icono = QAccessible::queryAccessibleInterface(Hijo(*principal, "ImgMenu", 4));
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(Texto())->role(), QAccessible::Window);
+  EXPECT_EQ(dibujo->role(), QAccessible::Graphic);
+  EXPECT_EQ(icono->role(), QAccessible::Button);
+  EXPECT_EQ(icono->text(QAccessible::Name), QStringLiteral("Opciones"));
+  Texto()->DarFoco();
+  icono->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  QCoreApplication::processEvents();
+  auto* panel = Texto()->findChild<QWidget*>(QStringLiteral("FraOpciones"));
+  EXPECT_FALSE(panel->isHidden());
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(panel)->role(), QAccessible::Grouping);
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(panel)->text(QAccessible::Name), u"Opciones:");
 }
 
 TEST_F(Menu, activating_the_text_window_or_minimising_ends_the_hover) {
