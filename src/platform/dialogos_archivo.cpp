@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QToolButton>
 
 #include "platform/dialogo.h"
 #include "platform/ventana.h"
@@ -32,6 +33,10 @@ QString Preguntar(Activacion& activacion, Ventana& duena, const PeticionArchivo&
   dialogo.setFileMode(QFileDialog::AnyFile);
   dialogo.setViewMode(QFileDialog::List);
   dialogo.setNameFilters(Filtros(peticion.filtro));
+  // The toolkit's Spanish lacks the first letter of what a screen reader says here.
+  if (auto* arriba = dialogo.findChild<QToolButton*>(QStringLiteral("toParentButton"))) {
+    arriba->setAccessibleDescription(QStringLiteral("Ir al directorio superior"));
+  }
   if (!Ejecutar(activacion, duena, dialogo) || dialogo.selectedFiles().isEmpty()) {
     return {};
   }
