@@ -3,7 +3,6 @@
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QMouseEvent>
-#include <QTimer>
 #include <QWindow>
 
 #include "platform/imagen.h"
@@ -46,7 +45,8 @@ class AccesibleImagen : public QAccessibleWidget {
   void doAction(const QString& accion) override {
     auto* imagen = static_cast<Imagen*>(widget());
     if (accion == pressAction() && EsBoton() && imagen->isEnabled()) {
-      QTimer::singleShot(0, imagen, [imagen] { Pulsar(*imagen); });
+      QMetaObject::invokeMethod(
+          imagen, [imagen] { Pulsar(*imagen); }, Qt::QueuedConnection);
     }
   }
 

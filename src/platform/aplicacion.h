@@ -1,6 +1,8 @@
 // The toolkit as the program wants it: Spanish under any locale, one look, no settings of its own.
 #pragma once
 
+#include <array>
+
 #include <QApplication>
 #include <QTranslator>
 
@@ -23,7 +25,7 @@ class Aplicacion {
   static void PonerAspecto();
 
   Plataforma plataforma_;
-  char* argumentos_[2];
+  std::array<char*, 2> argumentos_;
   int cuantos_ = 1;  // the program takes no arguments, so the toolkit is shown none
   QApplication aplicacion_;
   QTranslator traductor_;

@@ -18,6 +18,6 @@ struct FuenteTexto {
 // A font of `puntos` points, 20 twips each: 3/4 of a pixel whatever the screen reports. A name
 // that is no installed font is drawn with a like one; "Courier" always with an outline font.
 QFont FuenteDe(const QString& nombre, qreal puntos);
-QFont FuenteDe(const FuenteTexto& fuente);
+QFont FuenteDe(const FuenteTexto& texto);
 
 inline const QString FuenteControles = QStringLiteral("MS Sans Serif");
