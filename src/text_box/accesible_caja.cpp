@@ -144,9 +144,10 @@ QRect AccesibleCaja::characterRect(int pos) const {
   QRect sitio = vista.Rectangulo(lugar);
   const Posicion fila = vista.FilaDe(lugar);
   const Posicion fin = vista.Reparto().FinDe(fila);
-  if (lugar.pos < fin)
+  if (lugar.pos < fin) {
     sitio.setWidth(
         static_cast<int>((vista.Reparto().XDe(fila, lugar.pos + 1) - vista.XDe(lugar)) / 64));
+  }
   if (!sitio.intersects(QRect(QPoint(), vista.Tamano()))) return {};
   return sitio.translated(Caja().viewport()->mapToGlobal(QPoint()));
 }

@@ -126,7 +126,7 @@ Posicion Encuadre::Andar(Posicion fila, std::int64_t filas) const {
 std::int64_t Encuadre::MaximoX() const {
   if (ajustado_) return 0;
   const std::int64_t contenido =
-      (Reparto().AnchoMaximo() + Pixel - 1) / Pixel + 2 * Margen + AnchoCursor;
+      (Reparto().AnchoMaximo() + Pixel - 1) / Pixel + Punto{2} * Margen + AnchoCursor;
   return std::max<std::int64_t>(0, contenido - tamano_.width());
 }
 

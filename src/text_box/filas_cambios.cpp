@@ -104,9 +104,10 @@ void Filas::AplazarPieza(Posicion desde, Posicion hasta,
     const auto lugar = std::lower_bound(pendientes_.begin(), pendientes_.end(), desde);
     if (lugar == pendientes_.end() || *lugar != desde) pendientes_.insert(lugar, desde);
     const Posicion pieza = std::min(hasta - desde, MayorPieza);
-    if (pieza > 0)
+    if (pieza > 0) {
       bloques.push_back(
           {static_cast<std::uint32_t>(pieza), static_cast<std::uint32_t>(Estimar(pieza))});
+    }
     desde += pieza;
   } while (desde < hasta);
 }

@@ -1,6 +1,7 @@
 #include "text_box/pluma.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <string_view>
 
@@ -12,9 +13,10 @@ constexpr std::size_t Paso = 16;
 Punto SumarOcho(const std::int32_t* ancho, const unsigned char* bytes) {
   std::uint64_t ocho = 0;
   std::memcpy(&ocho, bytes, 8);
-  Punto sumas[4] = {};
-  for (int i = 0; i < 4; ++i)
+  std::array<Punto, 4> sumas{};
+  for (std::size_t i = 0; i < sumas.size(); ++i) {
     sumas[i] = ancho[(ocho >> (16 * i)) & 0xff] + ancho[(ocho >> (16 * i + 8)) & 0xff];
+  }
   return (sumas[0] + sumas[1]) + (sumas[2] + sumas[3]);
 }
 
