@@ -3,9 +3,16 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <QPointer>
 
 #include "text_box/caja_texto.h"
 #include "text_box/texto_externo.h"
+
+namespace {
+
+constexpr Posicion MayorOferta = 1 << 20;  // bytes that are copied at each selecting
+
+}  // namespace
 
 // False where nothing could be changed.
 bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes,
@@ -89,8 +96,17 @@ QMimeData* CajaTexto::DatosElegidos() const {
   return new DatosTexto(documento_.Copia(Desde(), Hasta()));
 }
 
+// A small selection is offered as it is now; a large one as it is when somebody takes it, so that
+// selecting costs nothing at any size.
 void CajaTexto::OfrecerSeleccion() {
   QClipboard* portapapeles = QApplication::clipboard();
-  if (HaySeleccion() && portapapeles->supportsSelection())
+  if (!HaySeleccion() || !portapapeles->supportsSelection()) return;
+  if (Hasta() - Desde() <= MayorOferta) {
     portapapeles->setMimeData(DatosElegidos(), QClipboard::Selection);
+    return;
+  }
+  const auto elegidos = [caja = QPointer<const CajaTexto>(this)] {
+    return caja ? caja->documento_.Copia(caja->Desde(), caja->Hasta()) : QByteArray();
+  };
+  portapapeles->setMimeData(new DatosPendientes(elegidos), QClipboard::Selection);
 }

@@ -135,9 +135,13 @@ void CajaTexto::mouseDoubleClickEvent(QMouseEvent* evento) {
 void CajaTexto::PegarPrimaria(const QPoint& punto) {
   const QClipboard* portapapeles = QApplication::clipboard();
   if (solo_lectura_ || !portapapeles->supportsSelection()) return;
+  const QMimeData* datos = portapapeles->mimeData(QClipboard::Selection);
+  if (!datos) return;
+  // Taken before the caret moves: it may be this box's own selection.
+  const QByteArray bytes = DeFuera(*datos, documento_.FinDeLinea());
   documento_.CerrarGrupo();
   Colocar(encuadre_.EnPunto(punto), Seleccion::Quitar);
-  PegarDatos(portapapeles->mimeData(QClipboard::Selection));
+  Cambiar(cursor_.pos, cursor_.pos, bytes, Agrupacion::Sola);
 }
 
 // Whole rows; a touch pad's small turns add up.

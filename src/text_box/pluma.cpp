@@ -9,19 +9,26 @@ namespace {
 
 constexpr std::size_t Paso = 16;
 
-// Few reads of the text, several sums side by side: the table is the only thing waited for.
-Punto SumarOcho(const std::int32_t* ancho, const unsigned char* bytes) {
+// One read of the text, sums of two bytes from the table, side by side.
+Punto SumarOcho(const Pluma::Pares& pares, const unsigned char* bytes) {
   std::uint64_t ocho = 0;
   std::memcpy(&ocho, bytes, 8);
-  std::array<Punto, 4> sumas{};
-  for (std::size_t i = 0; i < sumas.size(); ++i) {
-    sumas[i] = ancho[(ocho >> (16 * i)) & 0xff] + ancho[(ocho >> (16 * i + 8)) & 0xff];
-  }
-  return (sumas[0] + sumas[1]) + (sumas[2] + sumas[3]);
+  const Punto delante = Punto{pares[ocho & 0xffff]} + pares[(ocho >> 16) & 0xffff];
+  const Punto detras = Punto{pares[(ocho >> 32) & 0xffff]} + pares[ocho >> 48];
+  return delante + detras;
 }
 
-Punto SumarPaso(const std::int32_t* ancho, const unsigned char* bytes) {
-  return SumarOcho(ancho, bytes) + SumarOcho(ancho, bytes + 8);
+Punto SumarPaso(const Pluma::Pares& pares, const unsigned char* bytes) {
+  return SumarOcho(pares, bytes) + SumarOcho(pares, bytes + 8);
+}
+
+// A pair of bytes as it is read from the text, in this machine's order: the sum is the same.
+std::shared_ptr<const Pluma::Pares> SumarPares(const std::array<std::int32_t, 256>& ancho) {
+  auto pares = std::make_shared<Pluma::Pares>();
+  for (std::size_t i = 0; i < pares->size(); ++i) {
+    (*pares)[i] = ancho[i & 0xff] + ancho[i >> 8];
+  }
+  return pares;
 }
 
 bool SinAnchoPropio(std::size_t byte) {
@@ -30,6 +37,11 @@ bool SinAnchoPropio(std::size_t byte) {
 
 }  // namespace
 
+Pluma::Pluma() {
+  static const auto ceros = std::make_shared<const Pares>();
+  pares_ = ceros;
+}
+
 Pluma::Pluma(const Avances& avances) : avances_(avances) {
   uniforme_ = avances.ancho[0] > 0;
   for (std::size_t i = 0; i < avances.ancho.size(); ++i) {
@@ -37,13 +49,14 @@ Pluma::Pluma(const Avances& avances) : avances_(avances) {
     maximo_ = std::max<Punto>(maximo_, avances.ancho[i]);
     uniforme_ = uniforme_ && avances.ancho[i] == avances.ancho[0];
   }
+  if (!uniforme_) pares_ = SumarPares(avances.ancho);
 }
 
 Punto Pluma::Sumar(const unsigned char* bytes, std::size_t n) const {
   if (uniforme_) return static_cast<Punto>(n) * maximo_;
   Punto suma = 0;
   std::size_t i = 0;
-  for (; i + 8 <= n; i += 8) suma += SumarOcho(avances_.ancho.data(), bytes + i);
+  for (; i + 8 <= n; i += 8) suma += SumarOcho(*pares_, bytes + i);
   for (; i < n; ++i) suma += avances_.ancho[bytes[i]];
   return suma;
 }
@@ -59,12 +72,12 @@ std::size_t Pluma::Caber(const unsigned char* bytes, std::size_t n, Punto limite
     return i;
   }
   for (; i + Paso <= n; i += Paso) {
-    const Punto suma = SumarPaso(avances_.ancho.data(), bytes + i);
+    const Punto suma = SumarPaso(*pares_, bytes + i);
     if (x + suma > limite) break;
     x += suma;
   }
   if (i + 8 <= n) {
-    const Punto suma = SumarOcho(avances_.ancho.data(), bytes + i);
+    const Punto suma = SumarOcho(*pares_, bytes + i);
     if (x + suma <= limite) {
       x += suma;
       i += 8;

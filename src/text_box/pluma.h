@@ -3,14 +3,19 @@
 // Everything here is about text without line ends.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <memory>
 
 #include "text_box/renglones.h"
 #include "text_box/trozos.h"
 
 class Pluma {
  public:
-  Pluma() = default;
+  using Pares = std::array<std::int32_t, 1 << 16>;  // the sum of two bytes that stand together
+
+  Pluma();  // every byte has no width
   explicit Pluma(const Avances& avances);
 
   const Avances& Tabla() const { return avances_; }
@@ -38,6 +43,7 @@ class Pluma {
 
  private:
   Avances avances_;
+  std::shared_ptr<const Pares> pares_;  // only where widths differ
   Punto maximo_ = 0;
   bool uniforme_ = false;  // all bytes but tab, LF and CR are equally wide, and not 0
 };

@@ -62,6 +62,14 @@ QString ParaFuera(const QByteArray& bytes) {
   return PaginaCodigos::ATexto(ConFinales(bytes, "\n"));
 }
 
+QStringList DatosPendientes::formats() const {
+  return {TextoLlano};
+}
+
+QVariant DatosPendientes::retrieveData(const QString& formato, QMetaType /*tipo*/) const {
+  return formato == TextoLlano ? QVariant(ParaFuera(bytes_())) : QVariant();
+}
+
 QStringList DatosTexto::formats() const {
   return {TextoLlano};
 }

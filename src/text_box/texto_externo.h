@@ -1,6 +1,7 @@
 // Text on its way in and out: clipboard, drag and drop, input methods.
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 #include <QByteArray>
@@ -15,6 +16,21 @@ QByteArray DeFuera(const QMimeData& datos, std::string_view fin_de_linea);
 
 // The text for other programs: each line end as LF.
 QString ParaFuera(const QByteArray& bytes);
+
+// Plain text that is not even copied until somebody asks for it.
+class DatosPendientes : public QMimeData {
+  Q_OBJECT
+
+ public:
+  explicit DatosPendientes(std::function<QByteArray()> bytes) : bytes_(std::move(bytes)) {}
+  QStringList formats() const override;
+
+ protected:
+  QVariant retrieveData(const QString& formato, QMetaType tipo) const override;
+
+ private:
+  std::function<QByteArray()> bytes_;
+};
 
 // Plain text that is converted only when somebody asks for it.
 class DatosTexto : public QMimeData {
