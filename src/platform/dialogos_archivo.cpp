@@ -3,12 +3,16 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QSplitter>
 #include <QToolButton>
 
 #include "platform/dialogo.h"
 #include "platform/ventana.h"
 
 namespace {
+
+constexpr QSize TamanoDialogo(640, 440);  // pixels
+constexpr int AnchoLugares = 140;         // of the list of places, so that no name is cut
 
 // "Documentos|*.txt|Todos|*" as the toolkit writes it: "Documentos (*.txt)", "Todos (*)".
 QStringList Filtros(const QString& filtro) {
@@ -33,6 +37,10 @@ QString Preguntar(Activacion& activacion, Ventana& duena, const PeticionArchivo&
   dialogo.setFileMode(QFileDialog::AnyFile);
   dialogo.setViewMode(QFileDialog::List);
   dialogo.setNameFilters(Filtros(peticion.filtro));
+  dialogo.resize(TamanoDialogo);
+  if (auto* partes = dialogo.findChild<QSplitter*>(QStringLiteral("splitter"))) {
+    partes->setSizes({AnchoLugares, TamanoDialogo.width() - AnchoLugares});
+  }
   // The toolkit's Spanish lacks the first letter of what a screen reader says here.
   if (auto* arriba = dialogo.findChild<QToolButton*>(QStringLiteral("toParentButton"))) {
     arriba->setAccessibleDescription(QStringLiteral("Ir al directorio superior"));
