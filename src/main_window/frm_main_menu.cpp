@@ -50,7 +50,7 @@ void FrmMain::CrearIconos() {
 }
 
 QString FrmMain::TextoDe(int indice) const {
-  const QString texto = Comandos()[indice].texto.toString();
+  QString texto = Comandos()[indice].texto.toString();
   if (indice != IconoVisible) {
     return texto;
   }
