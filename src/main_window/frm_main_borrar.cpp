@@ -4,12 +4,6 @@
 #include "main_window/frm_main.h"
 #include "main_window/vista_lista.h"
 
-namespace {
-
-constexpr int CodigoSuprimir = 46;
-
-}  // namespace
-
 void FrmMain::ComandoBorrar() {
   if (ListBox->IndiceSeleccionado() < 0) {
     escritorio_.mensajes.Critico(*this,

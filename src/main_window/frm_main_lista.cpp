@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr int CodigoSuprimir = 46;
 constexpr int LargoSinAyuda = 22;  // characters that the list shows whole
 
 // A tooltip that shows a name letter by letter, whatever it looks like.

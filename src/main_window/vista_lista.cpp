@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int CodigoSuprimir = 46;
-
 bool Recorre(int tecla) {
   switch (tecla) {
     case Qt::Key_Up:

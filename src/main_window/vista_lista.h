@@ -4,6 +4,8 @@
 
 #include <QListView>
 
+inline constexpr int CodigoSuprimir = 46;  // the Delete key
+
 class VistaLista : public QListView {
   Q_OBJECT
 
@@ -15,7 +17,7 @@ class VistaLista : public QListView {
 
  signals:
   void Elegida();                 // by mouse or key: the selected entry
-  void TeclaPulsada(int codigo);  // Delete is 46
+  void TeclaPulsada(int codigo);  // CodigoSuprimir
 
  protected:
   void keyPressEvent(QKeyEvent* evento) override;

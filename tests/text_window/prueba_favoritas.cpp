@@ -1,12 +1,7 @@
-#include <gtest/gtest.h>
-#include <memory>
-
 #include <QTest>
 
-#include "dobles/escritorio_falso.h"
-#include "shared/carpeta_de_prueba.h"
+#include "mesa_texto.h"
 #include "shared/favoritas.h"
-#include "text_window/frm_texto.h"
 #include "text_window/panel_favoritas.h"
 #include "text_window/panel_opciones.h"
 
@@ -18,7 +13,7 @@ QString Texto(const char* utf8) {
   return QString::fromUtf8(utf8);
 }
 
-class LasFavoritas : public testing::Test {
+class LasFavoritas : public MesaTexto {
  protected:
   LasFavoritas() {
     gral.ArchivoFavoritas = carpeta.Ruta(Archivo);
@@ -29,9 +24,7 @@ class LasFavoritas : public testing::Test {
     escritorio.unidades.unidades = {{Texto("Personal"), Ruta("casa")},
                                     {Texto("DISCO CON NOMBRE LARGO"), Ruta("disco")},
                                     {Texto("Rota"), Ruta("rota")}};
-    texto = std::make_unique<FrmTexto>(gral, escritorio.Servicios(), principal);
-    texto->Mostrar();
-    principal.Mostrar();
+    Mostrar();
   }
   void Abrir(const QStringList& guardadas = {}) {
     if (!guardadas.isEmpty()) {
@@ -73,13 +66,6 @@ class LasFavoritas : public testing::Test {
     }
     return carpetas;
   }
-
-  CarpetaDePrueba carpeta;
-  EscritorioFalso escritorio;
-  AccesoPerfilArchivo acceso;
-  ModGral gral{acceso};
-  Ventana principal{escritorio.activacion, Ventana::Marco::Fijo};
-  std::unique_ptr<FrmTexto> texto;
 };
 
 TEST_F(LasFavoritas, opening_shows_what_is_stored_in_order_and_the_drives_root) {

@@ -1,24 +1,17 @@
-#include <gtest/gtest.h>
-#include <memory>
-
 #include <QTest>
 
-#include "dobles/escritorio_falso.h"
-#include "shared/carpeta_de_prueba.h"
-#include "text_window/frm_texto.h"
+#include "mesa_texto.h"
 #include "text_window/panel_opciones.h"
 
 namespace {
 
 const QString Ini = QStringLiteral("Velda.INI");
 
-class LasOpciones : public testing::Test {
+class LasOpciones : public MesaTexto {
  protected:
   void Abrir(const QByteArray& ini = {}) {
     gral.ArchivoINI = carpeta.Escribir(Ini, ini);
-    texto = std::make_unique<FrmTexto>(gral, escritorio.Servicios(), principal);
-    texto->Mostrar();
-    principal.Mostrar();
+    Mostrar();
   }
   void AbrirPanel() {
     gral.VerOpciones = true;
@@ -48,13 +41,6 @@ class LasOpciones : public testing::Test {
     return control.palette().color(QPalette::WindowText);
   }
   static QColor Fondo(const QWidget& control) { return control.palette().color(QPalette::Window); }
-
-  CarpetaDePrueba carpeta;
-  EscritorioFalso escritorio;
-  AccesoPerfilArchivo acceso;
-  ModGral gral{acceso};
-  Ventana principal{escritorio.activacion, Ventana::Marco::Fijo};
-  std::unique_ptr<FrmTexto> texto;
 };
 
 TEST_F(LasOpciones, a_first_start_wraps_in_black_courier_on_white) {
