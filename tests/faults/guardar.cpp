@@ -1,10 +1,12 @@
 // A save without windows, to be run under faults:
 //
-//   velda_guardar RUTA ARCHIVO_CON_EL_CONTENIDO
-//   velda_guardar --perfil RUTA SECCION CLAVE VALOR
+//   velda_guardar RUTA ARCHIVO_CON_EL_CONTENIDO           the text that is shown
+//   velda_guardar --nuevo RUTA ARCHIVO_CON_EL_CONTENIDO   a new text, under a name that may be
+//   taken velda_guardar --perfil RUTA SECCION CLAVE VALOR       one setting
 //
 // Ends with the system's error number; 0 is success. A setting always ends with 0.
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <span>
 #include <string_view>
@@ -22,7 +24,9 @@ void Marcar() {
   (void)::access("/velda-empieza", F_OK);
 }
 
-int Guardar(const QString& ruta, const QString& origen) {
+using Guardado = decltype(&ReemplazarArchivo);
+
+int Guardar(Guardado guardar, const QString& ruta, const QString& origen) {
   const auto contenido = LeerArchivo(origen);
   if (!contenido.Bien()) return contenido.Fallo().Codigo();
   const std::string_view todo(contenido.Valor().constData(),
@@ -30,7 +34,7 @@ int Guardar(const QString& ruta, const QString& origen) {
   const std::size_t corte = todo.size() / 3;
   const std::array tramos{todo.substr(0, corte), todo.substr(corte)};
   Marcar();
-  const Resultado resultado = CrearOReemplazarArchivo(ruta, tramos, Duracion::Sincronizada);
+  const Resultado resultado = guardar(ruta, tramos, Duracion::Sincronizada);
   if (!resultado.Bien()) std::fprintf(stderr, "%s\n", qPrintable(resultado.Motivo()));
   return resultado.Codigo();
 }
@@ -45,12 +49,16 @@ int GuardarValor(const QStringList& argumentos) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // as the program does
   QStringList argumentos;
   for (char* argumento : std::span(argv, static_cast<std::size_t>(argc))) {
     argumentos << QString::fromLocal8Bit(argumento);
   }
   if (argc == 6 && argumentos[1] == u"--perfil") return GuardarValor(argumentos);
-  if (argc == 3) return Guardar(argumentos[1], argumentos[2]);
-  std::fputs("velda_guardar RUTA ARCHIVO | --perfil RUTA SECCION CLAVE VALOR\n", stderr);
+  if (argc == 4 && argumentos[1] == u"--nuevo") {
+    return Guardar(CrearOReemplazarArchivo, argumentos[2], argumentos[3]);
+  }
+  if (argc == 3) return Guardar(ReemplazarArchivo, argumentos[1], argumentos[2]);
+  std::fputs("velda_guardar [--nuevo] RUTA ARCHIVO | --perfil RUTA SECCION CLAVE VALOR\n", stderr);
   return 255;
 }
