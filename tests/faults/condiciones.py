@@ -161,14 +161,16 @@ def durante(raiz, clase, que, esperado):
             caso.viejo = None
         elif que == "cambiar":
             caso.escribir(caso.en_base("ajeno"), OTRO)
+            os.chmod(caso.en_base("ajeno"), 0o604)
             os.replace(caso.en_base("ajeno"), caso.archivo)
         else:
             os.rename(caso.carpeta, caso.en_base("d"))
             caso.carpeta = caso.en_base("d")
             caso.ruta = caso.archivo = os.path.join(caso.carpeta, "f")
-    defecto = juzgar(caso, proceso.returncode, esperado)
-    return defecto or (caso.restos() and "deja restos") or (
-        None if que == "borrar" else acabar(caso, None))
+    defecto = juzgar(caso, proceso.returncode, esperado) or (caso.restos() and "deja restos")
+    if que == "cambiar" and os.stat(caso.archivo).st_mode & 0o777 != 0o604:
+        defecto = defecto or "otros permisos"
+    return defecto or (None if que == "borrar" else acabar(caso, None))
 
 
 def a_la_vez(raiz):
