@@ -14,5 +14,6 @@ for nombre in perfil favoritas; do
   mkdir "$nuevas"
   "$construido/pelusa_$nombre" -seed=1 -runs=200000 -max_total_time=10 -max_len=1024 \
     -dict=tests/fuzz/perfil.dict -verbosity=0 -print_final_stats=1 \
-    -artifact_prefix="$construido/" "$nuevas" "tests/fuzz/corpus/$nombre"
+    -artifact_prefix="$construido/" "$nuevas" "tests/fuzz/corpus/$nombre" ||
+    exit 1  # its own code for a fault is 77
 done
