@@ -39,10 +39,11 @@ class Partidor {
     Punto x = 0;
     Posicion tras_tab = 0;  // after its last tab
   };
-  Posicion Romper(const Trozos& texto, Posicion inicio, Posicion libres) const;
-  bool Sobra(unsigned char byte, const Fila& fila) const;
-  bool Llenar(const Trozos& texto, Fila& fila, std::size_t n) const;
-  static Posicion Cortar(const Trozos& texto, const Fila& fila);
+  inline Posicion Romper(const Trozos& texto, Posicion inicio, Posicion libres,
+                         Posicion& despejado) const;
+  inline bool Sobra(unsigned char byte, const Fila& fila) const;
+  inline bool Llenar(const Trozos& texto, Fila& fila, std::size_t n) const;
+  inline static Posicion Cortar(const Trozos& texto, const Fila& fila);
 
   Pluma pluma_;
   Punto ancho_ = 0;

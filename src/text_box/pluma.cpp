@@ -7,9 +7,17 @@
 
 namespace {
 
-constexpr std::size_t Paso = 16;
+// Sums of two bytes from the table; eight bytes are one read of the text.
+std::int32_t SumarDos(const Pluma::Pares& pares, const unsigned char* bytes) {
+  std::uint16_t dos = 0;
+  std::memcpy(&dos, bytes, 2);
+  return pares[dos];
+}
 
-// One read of the text, sums of two bytes from the table, side by side.
+Punto SumarCuatro(const Pluma::Pares& pares, const unsigned char* bytes) {
+  return Punto{SumarDos(pares, bytes)} + SumarDos(pares, bytes + 2);
+}
+
 Punto SumarOcho(const Pluma::Pares& pares, const unsigned char* bytes) {
   std::uint64_t ocho = 0;
   std::memcpy(&ocho, bytes, 8);
@@ -18,8 +26,28 @@ Punto SumarOcho(const Pluma::Pares& pares, const unsigned char* bytes) {
   return delante + detras;
 }
 
-Punto SumarPaso(const Pluma::Pares& pares, const unsigned char* bytes) {
+Punto SumarDieciseis(const Pluma::Pares& pares, const unsigned char* bytes) {
   return SumarOcho(pares, bytes) + SumarOcho(pares, bytes + 8);
+}
+
+// How many of eight bytes move the pen to no more than `limite`; `x` is moved along with them.
+// Where a row ends is as good as chance: all eight are looked at, without a branch.
+std::size_t CaberOcho(const Pluma::Pares& pares, const std::array<std::int32_t, 256>& ancho,
+                      const unsigned char* bytes, Punto limite, Punto& x) {
+  const auto resto = static_cast<std::int32_t>(std::min<Punto>(limite - x, INT32_MAX));
+  std::int32_t suma = 0;
+  std::int32_t dentro = 0;
+  std::size_t caben = 0;
+  const auto mirar = [&](std::int32_t hasta) {
+    caben += hasta <= resto ? 1 : 0;
+    dentro = hasta <= resto ? hasta : dentro;
+  };
+  for (std::size_t i = 0; i < 8; i += 2) {
+    mirar(suma + ancho[bytes[i]]);
+    mirar(suma += SumarDos(pares, bytes + i));
+  }
+  x += dentro;
+  return caben;
 }
 
 // A pair of bytes as it is read from the text, in this machine's order: the sum is the same.
@@ -57,31 +85,31 @@ Punto Pluma::Sumar(const unsigned char* bytes, std::size_t n) const {
   Punto suma = 0;
   std::size_t i = 0;
   for (; i + 8 <= n; i += 8) suma += SumarOcho(*pares_, bytes + i);
-  for (; i < n; ++i) suma += avances_.ancho[bytes[i]];
+  if ((n & 4) != 0) suma += SumarCuatro(*pares_, bytes + i);
+  if ((n & 2) != 0) suma += SumarDos(*pares_, bytes + (n & ~std::size_t{3}));
+  if ((n & 1) != 0) suma += avances_.ancho[bytes[n - 1]];
   return suma;
 }
 
 std::size_t Pluma::Caber(const unsigned char* bytes, std::size_t n, Punto limite, Punto& x) const {
   if (x > limite) return 0;
-  std::size_t i = 0;
   if (uniforme_) {
     const Punto resto = limite - x;
     if (resto < maximo_) return 0;
-    i = std::min(n, static_cast<std::size_t>(resto / maximo_));
-    x += static_cast<Punto>(i) * maximo_;
-    return i;
+    const std::size_t caben = std::min(n, static_cast<std::size_t>(resto / maximo_));
+    x += static_cast<Punto>(caben) * maximo_;
+    return caben;
   }
-  for (; i + Paso <= n; i += Paso) {
-    const Punto suma = SumarPaso(*pares_, bytes + i);
+  std::size_t i = 0;
+  for (; i + 16 <= n && limite - x >= 8 * maximo_; i += 16) {
+    const Punto suma = SumarDieciseis(*pares_, bytes + i);
     if (x + suma > limite) break;
     x += suma;
   }
-  if (i + 8 <= n) {
-    const Punto suma = SumarOcho(*pares_, bytes + i);
-    if (x + suma <= limite) {
-      x += suma;
-      i += 8;
-    }
+  while (i + 8 <= n) {
+    const std::size_t caben = CaberOcho(*pares_, avances_.ancho, bytes + i, limite, x);
+    i += caben;
+    if (caben < 8) return i;
   }
   for (; i < n && x + Ancho(bytes[i]) <= limite; ++i) x += Ancho(bytes[i]);
   return i;
