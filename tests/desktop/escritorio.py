@@ -52,8 +52,11 @@ def esperar_valor(que, leer, esperado, plazo=PLAZO):
 
 
 class Escritorio:
-    def __init__(self, binarios, con_gestor=True):
+    def __init__(self, binarios, con_gestor=True, usuario=None):
+        """With `usuario`, a user's number, all but the journey runs without root's rights."""
         self.con_gestor = con_gestor
+        self.como = [] if usuario is None else [
+            "setpriv", f"--reuid={usuario}", f"--regid={usuario}", "--clear-groups"]
         self.procesos = []
         self.programa = None
         self.principal = None  # the main window's number
@@ -65,6 +68,8 @@ class Escritorio:
             (self.raiz / carpeta).mkdir(mode=0o700)
         shutil.copytree(binarios, self.bin)
         (self.bin / "Velda.INI").unlink(missing_ok=True)
+        for archivo in [self.raiz, *self.raiz.rglob("*")] if usuario is not None else []:
+            os.chown(archivo, usuario, usuario)
 
     def __enter__(self):
         try:
@@ -102,7 +107,7 @@ class Escritorio:
             esperar("the window manager", lambda: "Openbox" in self.orden("wmctrl", "-m"))
 
     def _arrancar(self, *orden, salida=subprocess.DEVNULL):
-        proceso = subprocess.Popen(orden, stdin=subprocess.DEVNULL, stdout=salida,
+        proceso = subprocess.Popen([*self.como, *orden], stdin=subprocess.DEVNULL, stdout=salida,
                                    stderr=subprocess.DEVNULL, start_new_session=True)
         self.procesos.append(proceso)
         return proceso
@@ -138,9 +143,9 @@ class Escritorio:
     def iniciar(self):
         """Starts the program and waits for its two windows."""
         with open(self.raiz / "salida.txt", "ab") as salida:
-            self.programa = subprocess.Popen([str(self.bin / "velda")], cwd=self.raiz,
-                                             stdin=subprocess.DEVNULL, stdout=salida,
-                                             stderr=salida, start_new_session=True)
+            self.programa = subprocess.Popen([*self.como, str(self.bin / "velda")],
+                                             cwd=self.raiz, stdin=subprocess.DEVNULL,
+                                             stdout=salida, stderr=salida, start_new_session=True)
         self.procesos.append(self.programa)
         self.principal = self.esperar_ventana(r"^Velda\.\.\.$")
         self.esperar_texto("?")
@@ -306,10 +311,10 @@ class Escritorio:
         return [nombre for papel, nombre, _ in self.accesibles() if papel == "list item"]
 
 
-def recorrer(recorrido):
+def recorrer(recorrido, usuario=None):
     """The body of a journey's script: SCRIPT BINARIES FOLDER_FOR_PICTURES [--sin-gestor]."""
     binarios, capturas, *opciones = sys.argv[1:]
-    with Escritorio(binarios, con_gestor="--sin-gestor" not in opciones) as escritorio:
+    with Escritorio(binarios, "--sin-gestor" not in opciones, usuario) as escritorio:
         try:
             recorrido(escritorio)
         except BaseException:
