@@ -84,18 +84,17 @@ class Mono:
             antes, despues = self.antes.get(ruta), ahora.get(ruta)
             if antes == despues:
                 continue
-            if despues is None:
-                bien = self.borrado and antes.nodo in tirados
-            elif antes is None:  # a listed file that is missing is created when it is picked
-                bien = (ruta in self.permitidos or despues.nodo in tirados or
-                        pathlib.Path(ruta).name in NOMBRES and despues.contenido == vacio)
-            else:
-                bien = ruta in self.permitidos and antes.modo == despues.modo
+            if ruta in self.permitidos and despues:
                 leido = codecs.charmap_decode(pathlib.Path(ruta).read_bytes(), "strict", PAGINA)[0]
                 leido = leido.replace("\r\n", "\n").replace("\r", "\n")  # as a clipboard has it
-                assert self.texto in (None, leido), (
+                assert not antes or self.texto in (None, leido), (
                     f"not the text: {ruta}: {self.texto[:200]!r}, {leido[:200]!r}")
-            assert bien, f"changed without being saved: {ruta}: {antes} -> {despues}"
+                bien = not antes or antes.modo == despues.modo
+            else:  # a listed file that is missing is created when it is picked
+                bien = not antes or self.borrado and antes.nodo in tirados
+                bien &= (not despues or despues.nodo in tirados or despues.contenido == vacio
+                         and pathlib.Path(ruta).name in NOMBRES)
+            assert bien, f"changed unasked: {ruta}: {antes} -> {despues}"
             print("       ", "new" if not antes else "saved" if despues else "gone", ruta)
         self.antes, self.permitidos, self.borrado, self.texto = ahora, set(), False, None
 
@@ -186,7 +185,7 @@ class Mono:
         return self.e.orden("xclip", "-o", "-selection", "primary")
 
     def en_texto(self, ventana):
-        que = self.entre(type=5, keys=5, gesture=5, save=6, cancel=2)
+        que = self.entre(type=5, keys=5, gesture=5, save=5, cancel=3)
         panel = (ventana.ancho - 130, 0, ventana.ancho, 60)
         if ventana.ancho < 150 or ventana.alto < 80:  # nothing but the panel could be met
             self.con_ventana(ventana)
@@ -305,7 +304,7 @@ class Mono:
     def actuar(self):
         (otras, fijas), suerte = self.ventanas(), self.azar.random()
         self.panel -= self.panel > 0  # for some time most actions go where a panel was opened
-        ventana = fijas[-1] if self.panel else self.azar.choice(fijas)
+        ventana = fijas[-1] if self.panel else self.azar.choice([*fijas, fijas[-1], fijas[-1]])
         if suerte < 0.25:
             self.en_disco()
         elif otras and suerte < 0.90:
