@@ -141,6 +141,7 @@ void FrmMain::Form_Unload() {
     texto_->Cerrar();
   }
   const QString ini = gral_.ArchivoINI;
+  const Perfil::Juntos juntos(gral_.perfil, ini);
   const RectTwips rect = Rectangulo();
   const auto escribir_opcion = [&](QStringView clave, bool valor) {
     gral_.perfil.EscribirBuffer(ini, u"Opciones", clave, valor ? u"Si" : u"No");

@@ -52,6 +52,8 @@ void GuardarFavoritas(ModGral& gral, const QStringList& carpetas) {
     (void)::unlink(RutaDelSistema(gral.ArchivoFavoritas).constData());
     return;
   }
+  // The list is stored whole: half of an old one and half of a new one would lose a folder.
+  const Perfil::Juntos juntos(gral.perfil, gral.ArchivoFavoritas);
   gral.perfil.Escribir(gral.ArchivoFavoritas, Registros, Total,
                        QString::number(gral.TotalFavoritas));
   int numero = 0;

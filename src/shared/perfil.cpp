@@ -1,6 +1,7 @@
 #include "shared/perfil.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "shared/numeros.h"
 #include "shared/pagina_codigos.h"
@@ -56,7 +57,7 @@ std::int16_t Perfil::Total() const {
 
 void Perfil::Escribir(const QString& ruta, QStringView seccion, QStringView clave,
                       QStringView texto) {
-  acceso_.EscribirCadena(seccion, clave, PaginaCodigos::ABytes(texto), ruta);
+  Entregar(ruta, seccion, clave, PaginaCodigos::ABytes(texto));
 }
 
 void Perfil::EscribirBuffer(const QString& ruta, QStringView seccion, QStringView clave,
@@ -68,5 +69,23 @@ void Perfil::EscribirLargo(const QString& ruta, QStringView seccion, QStringView
                            QStringView texto) {
   const QByteArray campo = PaginaCodigos::ABytes(texto).leftJustified(LongitudBuffer, ' ');
   std::copy_n(campo.begin(), LongitudBuffer, Buffer.begin());
-  acceso_.EscribirCadena(seccion, clave, campo, ruta);
+  Entregar(ruta, seccion, clave, campo);
+}
+
+void Perfil::Entregar(const QString& ruta, QStringView seccion, QStringView clave,
+                      const QByteArray& valor) {
+  if (juntos_ != nullptr && juntos_->ruta_ == ruta) {
+    juntos_->ajustes_.push_back({seccion.toString(), clave.toString(), valor});
+  } else {
+    acceso_.EscribirCadena(seccion, clave, valor, ruta);
+  }
+}
+
+Perfil::Juntos::Juntos(Perfil& perfil, QString ruta) : perfil_(perfil), ruta_(std::move(ruta)) {
+  perfil.juntos_ = this;
+}
+
+Perfil::Juntos::~Juntos() {
+  perfil_.juntos_ = nullptr;
+  perfil_.acceso_.EscribirCadenas(ajustes_, ruta_);
 }

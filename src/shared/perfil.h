@@ -5,12 +5,21 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
+#include <vector>
 
 #include <QByteArray>
 #include <QString>
 #include <QStringView>
 
 #include "shared/constantes.h"
+
+// A value to be written, in bytes of the code page.
+struct Ajuste {
+  QString seccion;
+  QString clave;
+  QByteArray valor;
+};
 
 // The private-profile files, one value by section and key. Values are bytes of the code page.
 class AccesoPerfil {
@@ -27,17 +36,23 @@ class AccesoPerfil {
   // are not reported.
   virtual void EscribirCadena(QStringView seccion, QStringView clave, const QByteArray& valor,
                               const QString& ruta) = 0;
+  // The same for several keys of one file, in their order.
+  virtual void EscribirCadenas(std::span<const Ajuste> ajustes, const QString& ruta) {
+    for (const Ajuste& uno : ajustes) EscribirCadena(uno.seccion, uno.clave, uno.valor, ruta);
+  }
 };
 
 // The files on the disk. A write holds a flock(2) on the file's folder, so that programs running
-// at the same time lose none of each other's keys. A file that exists but cannot be read is not
-// written, and neither is one that would not change.
+// at the same time lose none of each other's keys; keys that are written together are all stored
+// or none is. A file that exists but cannot be read is not written, and neither is one that would
+// not change.
 class AccesoPerfilArchivo : public AccesoPerfil {
  public:
   QByteArray LeerCadena(QStringView seccion, QStringView clave, const QByteArray& defecto,
                         const QString& ruta) override;
   void EscribirCadena(QStringView seccion, QStringView clave, const QByteArray& valor,
                       const QString& ruta) override;
+  void EscribirCadenas(std::span<const Ajuste> ajustes, const QString& ruta) override;
 };
 
 // The one buffer and the calls on it.
@@ -70,11 +85,30 @@ class Perfil {
   void EscribirLargo(const QString& ruta, QStringView seccion, QStringView clave,
                      QStringView texto);
 
+  // While one lives, what is written is kept back; with its end all of it goes to its one file.
+  // None is made while another lives.
+  class Juntos {
+   public:
+    Juntos(Perfil& perfil, QString ruta);
+    Juntos(const Juntos&) = delete;
+    Juntos& operator=(const Juntos&) = delete;
+    ~Juntos();
+
+   private:
+    friend class Perfil;
+    Perfil& perfil_;
+    QString ruta_;
+    std::vector<Ajuste> ajustes_;
+  };
+
   std::array<char, LongitudBuffer> Buffer;  // bytes of the code page
   std::int16_t Longitud = 0;                // characters of the last read
 
  private:
   QByteArrayView Leido() const { return {Buffer.data(), Longitud}; }
+  void Entregar(const QString& ruta, QStringView seccion, QStringView clave,
+                const QByteArray& valor);
 
   AccesoPerfil& acceso_;
+  Juntos* juntos_ = nullptr;
 };

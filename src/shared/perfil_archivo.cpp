@@ -52,13 +52,21 @@ QByteArray AccesoPerfilArchivo::LeerCadena(QStringView seccion, QStringView clav
 
 void AccesoPerfilArchivo::EscribirCadena(QStringView seccion, QStringView clave,
                                          const QByteArray& valor, const QString& ruta) {
+  const Ajuste uno{seccion.toString(), clave.toString(), valor};
+  EscribirCadenas({&uno, 1}, ruta);
+}
+
+void AccesoPerfilArchivo::EscribirCadenas(std::span<const Ajuste> ajustes, const QString& ruta) {
   const QString carpeta = CarpetaReal(ruta);
   QDir().mkpath(carpeta);
   const Descriptor cerrojo = BloquearCarpeta(carpeta);
   const auto antes = LeerArchivo(ruta);
   if (!antes.Bien() && antes.Fallo().Codigo() != ENOENT) return;
-  const QByteArray despues = PerfilPrivado::Poner(antes.Valor(), PaginaCodigos::ABytes(seccion),
-                                                  PaginaCodigos::ABytes(clave), valor);
+  QByteArray despues = antes.Valor();
+  for (const Ajuste& uno : ajustes) {
+    despues = PerfilPrivado::Poner(despues, PaginaCodigos::ABytes(uno.seccion),
+                                   PaginaCodigos::ABytes(uno.clave), uno.valor);
+  }
   if (antes.Bien() && despues == antes.Valor()) return;
   const std::string_view tramo(despues.constData(), static_cast<std::size_t>(despues.size()));
   (void)CrearOReemplazarArchivo(ruta, std::span(&tramo, 1), Duracion::SinSincronizar);

@@ -109,6 +109,7 @@ void FrmTexto::Form_Deactivate() {
 void FrmTexto::Form_Unload() {
   CerrarPaneles();
   const EstadoVentana estado = Estado();
+  const Perfil::Juntos juntos(gral_.perfil, gral_.ArchivoINI);
   const auto escribir = [this](QStringView clave, int valor) {
     gral_.perfil.Escribir(gral_.ArchivoINI, Seccion, clave, QString::number(valor));
   };

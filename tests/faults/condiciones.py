@@ -23,7 +23,8 @@ TACANO = sys.argv[2] if len(sys.argv) > 2 else None
 PAGINA, SOBRA = 4096, 24  # SOBRA: so many free pages are enough for every save here
 GRANDE = NUEVO * 3
 INI_GRANDE = b"[A]\r\nx=1\r\ny=%d\r\n" + b"; una nota ajena\r\n" * 2000
-CLASES = ("uno", "enlaces", "crece", "cadena", "nuevo", "colgado", "perfil", "estreno")
+CLASES = ("uno", "enlaces", "crece", "cadena", "nuevo", "colgado", "perfil", "estreno",
+          "favoritas")
 CLASES_DE_NADIE = ("ajeno", "cerrada")
 
 
@@ -73,7 +74,7 @@ def juzgar(caso, codigo, *esperados):
 def agrandar(caso):
     if caso.clase == "perfil":
         caso.poner(INI_GRANDE % 2, INI_GRANDE % 33)
-    elif caso.clase != "estreno":
+    elif caso.clase not in ("estreno", "favoritas"):
         caso.poner(caso.viejo, GRANDE)
 
 

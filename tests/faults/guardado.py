@@ -12,6 +12,7 @@ VIEJO, NUEVO, OTRO = b"viejo\n" * 3000, b"contenido nuevo\r\n" * 900, b"otro"
 INI_VIEJO, INI_NUEVO, INI_SOLO = (b"[A]\r\nx=1\r\ny=2\r\n", b"[A]\r\nx=1\r\ny=33\r\n",
                                   b"[a]\r\nY=33\r\n")
 INI_OTRO = b"[B]\r\nz=9\r\n"
+FAVORITAS = (b"/a", b"/b"), (b"/a", b"/a/c", b"/b")
 TEMPORAL = re.compile(r"\.velda-\w{6}(-\d+)?\.tmp")
 COMO_NADIE = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"]
 LLAMADAS = ("openat,read,pwritev,ftruncate,fallocate,fsync,close,renameat,renameat2,unlinkat,flock,"
@@ -24,10 +25,16 @@ DECISIVA = re.compile(r"((pwritev|fsync|ftruncate|fallocate)\(\d+<[^>]*(/f|\.vel
 DEL_DISCO = {"EIO", "ENOSPC", "EDQUOT"}  # none of these leads to writing into the file itself
 # Ways of saving: a text with one name, with several (and growing), reached by links, of another
 # owner, in a folder that is closed; a new text, also where a link leads nowhere; a setting, and the
-# first one.
+# first one; the list of favourite folders.
 CON_COPIA = {"enlaces", "crece", "ajeno"}  # written in place, with a copy beside it meanwhile
 DE_NADIE = {"ajeno", "cerrada"}  # saved by a user without rights
 SIN_VIEJO = {"nuevo", "colgado", "estreno"}
+
+
+def lista(carpetas):
+    lineas = [b"F%d=" % i + (c + b" " * (100 - len(c)) if c else b"") for i, c in enumerate(
+        carpetas + (b"",) * (30 - len(carpetas)), 1)]
+    return b"\r\n".join([b"[Registros]", b"Total=%d" % len(carpetas), b"[Datos]", *lineas, b""])
 
 
 class Caso:
@@ -39,9 +46,11 @@ class Caso:
         os.chmod(self.base, 0o755)
         self.carpeta = self.en_base("c")
         self.archivo = self.ruta = os.path.join(self.carpeta, "f")
-        self.ajuste = clase in ("perfil", "estreno")
+        self.ajuste = clase in ("perfil", "estreno", "favoritas")
         self.viejo, self.nuevo = (INI_VIEJO, INI_NUEVO) if self.ajuste else (VIEJO, NUEVO)
         self.prefijo = COMO_NADIE if clase in DE_NADIE else []
+        if clase == "favoritas":
+            self.viejo, self.nuevo = map(lista, FAVORITAS)
         if clase in SIN_VIEJO:
             self.viejo = None
         if clase == "estreno":  # the folder is missing, too
@@ -91,6 +100,8 @@ class Caso:
                    for nombre in self.restos()) if self.viejo is not None else False
 
     def orden(self):
+        if self.clase == "favoritas":
+            return [GUARDAR, "--favoritas", self.ruta, *FAVORITAS[1]]
         if self.ajuste:
             return [GUARDAR, "--perfil", self.ruta, "a", "Y", "33"]
         nuevo = ["--nuevo"] if self.clase in SIN_VIEJO else []
