@@ -17,13 +17,12 @@ namespace {
 
 enum Columna { Familia, Estilo, Tamano };
 
-const EleccionFuente Falta{{QStringLiteral("Letra que falta"), 9.75, true, false, true, false},
-                           Qt::red};
+const EleccionFuente Falta{{"Letra que falta", 9.75, true, false, true, false}, Qt::red};
 
 class ElDialogoDeFuente : public testing::Test {
  protected:
   ElDialogoDeFuente() {
-    EXPECT_TRUE(idioma.load(QStringLiteral(":/traducciones/qtbase_es.qm")));
+    EXPECT_TRUE(idioma.load(":/traducciones/qtbase_es.qm"));
     QApplication::installTranslator(&idioma);
     dialogo = std::make_unique<DialogoFuente>(Falta);
     dialogo->show();
@@ -57,35 +56,32 @@ TEST_F(ElDialogoDeFuente, what_is_not_touched_comes_back_as_it_was) {
 }
 
 TEST_F(ElDialogoDeFuente, a_family_that_is_missing_and_a_broken_size_change_when_chosen) {
-  Pulsar(Familia, QStringLiteral("Liberation Mono"));
+  Pulsar(Familia, "Liberation Mono");
   auto elegida = Falta;
-  elegida.fuente.nombre = QStringLiteral("Liberation Mono");
+  elegida.fuente.nombre = "Liberation Mono";
   EXPECT_EQ(dialogo->Elegida(), elegida);
-  Pulsar(Tamano, QStringLiteral("10"));  // the entry that stood for 9.75
+  Pulsar(Tamano, "10");  // the entry that stood for 9.75
   EXPECT_EQ(dialogo->Elegida().fuente.puntos, 10);
   Campo(Tamano).clear();
   EXPECT_EQ(dialogo->Elegida().fuente.puntos, 9.75) << "no size at all";
 }
 
 TEST_F(ElDialogoDeFuente, the_styles_are_shown_in_spanish_and_chosen_by_the_fonts_own_names) {
-  Pulsar(Familia, QStringLiteral("Liberation Mono"));
-  EXPECT_EQ(Campo(Estilo).text(), QStringLiteral("Negrita"));
-  Pulsar(Estilo, QStringLiteral("Bold Italic"));
-  EXPECT_EQ(Campo(Estilo).text(), QStringLiteral("Negrita cursiva"));
+  Pulsar(Familia, "Liberation Mono");
+  EXPECT_EQ(Campo(Estilo).text(), "Negrita");
+  Pulsar(Estilo, "Bold Italic");
+  EXPECT_EQ(Campo(Estilo).text(), "Negrita cursiva");
   EXPECT_TRUE(dialogo->Elegida().fuente.negrita && dialogo->Elegida().fuente.cursiva);
-  Pulsar(Estilo, QStringLiteral("Regular"));
+  Pulsar(Estilo, "Regular");
   EXPECT_FALSE(dialogo->Elegida().fuente.negrita || dialogo->Elegida().fuente.cursiva);
 }
 
 TEST_F(ElDialogoDeFuente, it_opens_with_the_present_style_selected) {
-  for (const bool negrita : {false, true}) {
-    for (const bool cursiva : {false, true}) {
-      const EleccionFuente actual{{QStringLiteral("Courier"), 10, negrita, cursiva}, Qt::black};
-      const DialogoFuente uno(actual);
-      EXPECT_EQ(uno.currentFont().bold(), negrita);
-      EXPECT_EQ(uno.currentFont().italic(), cursiva);
-      EXPECT_EQ(uno.currentFont().family(), QStringLiteral("Liberation Mono"));
-    }
+  for (const auto& [negrita, cursiva] : {std::pair{false, true}, {true, false}, {true, true}}) {
+    const DialogoFuente uno({{"Courier", 10, negrita, cursiva}, Qt::black});
+    EXPECT_EQ(uno.currentFont().bold(), negrita);
+    EXPECT_EQ(uno.currentFont().italic(), cursiva);
+    EXPECT_EQ(uno.currentFont().family(), "Liberation Mono");
   }
 }
 
@@ -97,7 +93,7 @@ TEST_F(ElDialogoDeFuente, its_button_asks_for_the_colour) {
       colores->setCurrentColor(Qt::blue);
       aceptar ? colores->accept() : colores->reject();
     });
-    dialogo->findChild<QPushButton*>(QStringLiteral("BotonColor"))->click();
+    dialogo->findChild<QPushButton*>("BotonColor")->click();
     EXPECT_EQ(dialogo->Elegida().color, aceptar ? QColor(Qt::blue) : QColor(Qt::red));
   }
 }

@@ -1,12 +1,8 @@
 #include <gtest/gtest.h>
 #include <semaphore>
-#include <sys/stat.h>
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include "platform/unidades.h"
+#include "shared/carpeta_de_prueba.h"
 
 namespace {
 
@@ -20,74 +16,65 @@ constexpr auto Montados =
     "35 22 0:52 / /mntotra rw - tmpfs tmpfs rw\n"
     "rota\n";
 
-QString Texto(const char* utf8) {
-  return QString::fromUtf8(utf8);
-}
-
 TEST(Montajes, volumes_are_listed_once_for_each_device_by_their_last_name) {
   QStringList vistos;
   for (const Unidad& unidad : Volumenes(LeerMontajes(Montados))) {
     vistos << unidad.nombre + u'|' + unidad.raiz;
   }
-  EXPECT_EQ(vistos, (QStringList{Texto("media|/media"), Texto("MI DISCO\\x|/media/ana/MI DISCO\\x"),
-                                 Texto("nas|/mnt/nas")}));
+  EXPECT_EQ(vistos,
+            (QStringList{"media|/media", "MI DISCO\\x|/media/ana/MI DISCO\\x", "nas|/mnt/nas"}));
 }
 
 TEST(Montajes, a_network_drive_is_seen_before_it_is_asked_also_behind_a_link) {
-  QTemporaryDir carpeta;
-  const QString enlace = carpeta.filePath(Texto("enlace"));
-  ASSERT_TRUE(QFile::link(Texto("/mnt/nas/docs"), enlace));
-  ASSERT_TRUE(QFile::link(Texto("./enlace"), carpeta.filePath(Texto("otro"))));
-  ASSERT_TRUE(QFile::link(Texto("bucle"), carpeta.filePath(Texto("bucle"))));
+  const CarpetaDePrueba carpeta;
+  ASSERT_TRUE(QFile::link("/mnt/nas/docs", carpeta.Ruta("enlace")));
+  ASSERT_TRUE(QFile::link("./enlace", carpeta.Ruta("otro")));
+  ASSERT_TRUE(QFile::link("bucle", carpeta.Ruta("bucle")));
   const auto montajes = LeerMontajes(Montados);
-  for (const auto& [ruta, red] : {std::pair{Texto("/mnt/nas"), true},
-                                  {Texto("/mnt/nas/x/y"), true},
-                                  {Texto("/mnt/nasa"), false},
-                                  {Texto("/home/../mnt/nas/x"), true},
-                                  {Texto("/../tmp"), false},
-                                  {enlace + Texto("/x"), true},
-                                  {carpeta.filePath(Texto("otro")), true},
-                                  {carpeta.filePath(Texto("bucle/x")), false},
-                                  {carpeta.path(), false}}) {
+  const QStringList de_red{"/mnt/nas", "/mnt/nas/x/y", "/home/../mnt/nas/x",
+                           carpeta.Ruta("enlace/x"), carpeta.Ruta("otro")};
+  const QStringList locales{"/mnt/nasa", "/../tmp", carpeta.Ruta("bucle/x"), carpeta.Ruta("")};
+  for (const QString& ruta : de_red + locales) {
     const Montaje* montaje = MontajeDeRed(montajes, ruta);
-    EXPECT_EQ(montaje != nullptr, red) << qPrintable(ruta);
-    EXPECT_TRUE(montaje == nullptr || montaje->tipo == Texto("nfs4"));
+    EXPECT_EQ(montaje != nullptr, de_red.contains(ruta)) << qPrintable(ruta);
+    EXPECT_TRUE(montaje == nullptr || montaje->tipo == "nfs4");
   }
 }
 
 class Carpetas : public testing::Test {
  protected:
-  QString Ruta(const char* nombre) const { return carpeta.filePath(Texto(nombre)); }
+  QString Ruta(const QString& nombre) const { return carpeta.Ruta(nombre); }
   QStringList Leer(Busca que) {
-    auto leida = unidades.Leer(carpeta.path(), que);
+    auto leida = unidades.Leer(Ruta(""), que);
     EXPECT_TRUE(leida.Bien());
     return leida.Valor().nombres;
   }
 
-  QTemporaryDir carpeta;
+  CarpetaDePrueba carpeta;
   UnidadesReales unidades;
 };
 
 TEST_F(Carpetas, texts_and_folders_are_told_apart_and_stand_in_order) {
-  for (const char* nombre :
-       {"ñu.txt", "Nube.TXT", "o.Txt", "a.text", ".oculto.txt", "txt", "\xFF.txt"}) {
-    std::fclose(std::fopen((QFile::encodeName(carpeta.path()) + '/' + nombre).constData(), "w"));
+  for (const char* nombre : {"ñu.txt", "Nube.TXT", "o.Txt", "a.text", ".oculto.txt", "txt"}) {
+    carpeta.Escribir(nombre, "");
   }
+  const QByteArray ilegible = carpeta.EnSistema("") + "/\xFF.txt";
+  std::fclose(std::fopen(ilegible.constData(), "w"));
   for (const char* nombre : {"d.txt", "Árbol", "b", ".oculta"}) {
-    ASSERT_TRUE(QDir(carpeta.path()).mkdir(Texto(nombre)));
+    ASSERT_TRUE(QDir(Ruta("")).mkdir(nombre));
   }
-  ASSERT_EQ(::mkfifo(QFile::encodeName(Ruta("cola.txt")).constData(), 0600), 0);
-  ASSERT_TRUE(QFile::link(Texto("o.Txt"), Ruta("enlace.txt")));
-  ASSERT_TRUE(QFile::link(Texto("b"), Ruta("c")));
-  ASSERT_TRUE(QFile::link(Texto("nada.txt"), Ruta("roto.txt")));
-  EXPECT_EQ(Leer(Busca::Textos).join(u' '), Texto("enlace.txt Nube.TXT ñu.txt o.Txt"));
-  EXPECT_EQ(Leer(Busca::Subcarpetas).join(u' '), Texto("Árbol b c d.txt"));
-  std::remove((QFile::encodeName(carpeta.path()) + "/\xFF.txt").constData());
+  ASSERT_EQ(::mkfifo(carpeta.EnSistema("cola.txt").constData(), 0600), 0);
+  ASSERT_TRUE(QFile::link("o.Txt", Ruta("enlace.txt")));
+  ASSERT_TRUE(QFile::link("b", Ruta("c")));
+  ASSERT_TRUE(QFile::link("nada.txt", Ruta("roto.txt")));
+  EXPECT_EQ(Leer(Busca::Textos).join(u' '), "enlace.txt Nube.TXT ñu.txt o.Txt");
+  EXPECT_EQ(Leer(Busca::Subcarpetas).join(u' '), "Árbol b c d.txt");
+  std::remove(ilegible.constData());
 }
 
 TEST_F(Carpetas, upper_case_is_given_only_where_it_is_the_same_folder) {
-  EXPECT_EQ(unidades.Leer(carpeta.path() + u'/', Busca::Textos).Valor().carpeta, carpeta.path());
-  const QTemporaryDir abajo(Texto("/velda-XXXXXX"));
+  EXPECT_EQ(unidades.Leer(Ruta("") + u'/', Busca::Textos).Valor().carpeta, Ruta(""));
+  const QTemporaryDir abajo("/velda-XXXXXX");
   if (!abajo.isValid()) GTEST_SKIP() << "only root can put a folder beside /tmp";
   const QString arriba = abajo.path().toUpper();
   const auto leida = [&] { return unidades.Leer(abajo.path(), Busca::Textos).Valor().carpeta; };
@@ -99,39 +86,29 @@ TEST_F(Carpetas, upper_case_is_given_only_where_it_is_the_same_folder) {
 }
 
 TEST_F(Carpetas, a_folder_is_unavailable_only_when_its_drive_is) {
-  QDir raiz(carpeta.path());
-  for (const char* nombre : {"vacia", "llena/otra", "puesta"})
-    ASSERT_TRUE(raiz.mkpath(Texto(nombre)));
+  QDir raiz(Ruta(""));
+  for (const char* nombre : {"vacia", "llena/otra", "puesta"}) ASSERT_TRUE(raiz.mkpath(nombre));
   const auto montajes = LeerMontajes(QByteArray("1 1 8:1 / / rw - ext4 x rw\n2 1 8:2 / " +
                                                 Ruta("puesta").toUtf8() + " rw - ext4 x rw\n"));
-  for (const auto& [nombre, ausente] : {std::pair{"quitada", true},
-                                        {"quitada/a/b", true},
-                                        {"vacia/a", true},
-                                        {"llena/a", false},
-                                        {"puesta/a", false}}) {
-    EXPECT_EQ(EnVolumenAusente(Ruta(nombre), carpeta.path(), montajes), ausente) << nombre;
+  const QStringList ausentes{"quitada", "quitada/a/b", "vacia/a"};
+  for (const QString& nombre : ausentes + QStringList{"llena/a", "puesta/a"}) {
+    EXPECT_EQ(EnVolumenAusente(Ruta(nombre), Ruta(""), montajes), ausentes.contains(nombre))
+        << qPrintable(nombre);
   }
-  EXPECT_FALSE(EnVolumenAusente(Texto("/no/existe"), carpeta.path(), montajes));
-  for (const auto& [codigo, no_disponible] : {std::pair{ENODEV, true},
-                                              {ENOMEDIUM, true},
-                                              {EIO, true},
-                                              {ETIMEDOUT, true},
-                                              {ENOTCONN, true},
-                                              {ENOENT, false},
-                                              {EACCES, false},
-                                              {ENOTDIR, false}}) {
-    EXPECT_EQ(UnidadNoDisponible(Resultado::Fallo(codigo)), no_disponible) << codigo;
+  EXPECT_FALSE(EnVolumenAusente("/no/existe", Ruta(""), montajes));
+  const QList<int> de_unidad{ENODEV, ENOMEDIUM, EIO, ETIMEDOUT, ENOTCONN};
+  for (const int codigo : de_unidad + QList<int>{ENOENT, EACCES, ENOTDIR}) {
+    EXPECT_EQ(UnidadNoDisponible(Resultado::Fallo(codigo)), de_unidad.contains(codigo)) << codigo;
   }
 }
 
 TEST_F(Carpetas, each_failure_keeps_its_kind) {
-  std::fclose(std::fopen(QFile::encodeName(Ruta("archivo")).constData(), "w"));
-  for (const auto& [ruta, codigo] : {std::pair{QString(), ENOENT},
-                                     {Texto("tmp"), ENOENT},
+  for (const auto& [ruta, codigo] : {std::pair<QString, int>{"", ENOENT},
+                                     {"tmp", ENOENT},
                                      {Ruta("no"), ENOENT},
-                                     {Ruta("archivo"), ENOTDIR},
-                                     {Texto("/mnt/quitada-de-prueba/docs"), ENODEV},
-                                     {Texto("/media/nadie/quitada/docs"), ENODEV}}) {
+                                     {carpeta.Escribir("archivo", ""), ENOTDIR},
+                                     {"/mnt/quitada-de-prueba/docs", ENODEV},
+                                     {"/media/nadie/quitada/docs", ENODEV}}) {
     EXPECT_EQ(unidades.Leer(ruta, Busca::Textos).Fallo().Codigo(), codigo) << qPrintable(ruta);
   }
 }
@@ -147,7 +124,7 @@ TEST(LectorQueEspera, a_drive_that_hangs_is_given_up_once_until_it_answers) {
     return CarpetaLeida{carpeta, {}};
   });
   const auto codigo = [&](const char* punto, const char* carpeta) {
-    return lector(Texto(punto), Texto(carpeta), Busca::Textos).Fallo().Codigo();
+    return lector(punto, carpeta, Busca::Textos).Fallo().Codigo();
   };
   EXPECT_EQ(codigo("nas", "lenta"), ETIMEDOUT);
   EXPECT_EQ(codigo("nas", "x"), ETIMEDOUT);

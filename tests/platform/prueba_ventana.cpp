@@ -3,15 +3,14 @@
 #include <QTest>
 #include <QWindow>
 
-#include "ventana_anotada.h"
+#include "platform/ventana.h"
 
 namespace {
 
 class Ventanas : public testing::Test {
  protected:
   Activacion activacion;
-  QStringList notas;
-  VentanaAnotada ventana{activacion, QStringLiteral("v"), notas};
+  Ventana ventana{activacion, Ventana::Marco::Redimensionable};
 };
 
 TEST_F(Ventanas, the_rectangle_that_was_set_comes_back_until_the_window_is_moved_or_resized) {
@@ -50,7 +49,7 @@ TEST_F(Ventanas, leaving_minimised_ends_in_normal_also_where_it_had_been_maximis
 }
 
 TEST_F(Ventanas, a_title_keeps_every_letter) {
-  const QString titulo = QStringLiteral("Archivo: /a[*]b/[*][*].txt");
+  const QString titulo = "Archivo: /a[*]b/[*][*].txt";
   ventana.PonerTitulo(titulo);
   EXPECT_EQ(ventana.Titulo(), titulo);
   ventana.Mostrar();
