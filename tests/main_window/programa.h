@@ -4,15 +4,13 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include "dobles/escritorio_falso.h"
 #include "main_window/frm_main.h"
 #include "main_window/lista_archivos.h"
 #include "main_window/vista_lista.h"
+#include "shared/carpeta_de_prueba.h"
 #include "text_box/caja_texto.h"
 #include "text_window/frm_texto.h"
 
@@ -26,7 +24,7 @@ class AjustesAnotados : public AccesoPerfil {
   void EscribirCadena(QStringView seccion, QStringView clave, const QByteArray& valor,
                       const QString& /*ruta*/) override {
     valores[Nombre(seccion, clave)] = valor;
-    escritas << Nombre(seccion, clave) + u'=' + QString::fromLatin1(valor);
+    escritas << Nombre(seccion, clave) + '=' + QString::fromLatin1(valor);
   }
 
   QHash<QString, QByteArray> valores;
@@ -53,17 +51,11 @@ class Programa : public testing::Test {
     ajustes.escritas.clear();
   }
 
-  QString Ruta(const char* nombre) const { return carpeta.filePath(QString::fromUtf8(nombre)); }
-  QString Archivo(const char* nombre, const QByteArray& contenido) const {
-    QFile archivo(Ruta(nombre));
-    EXPECT_TRUE(archivo.open(QIODevice::WriteOnly));
-    archivo.write(contenido);
-    return archivo.fileName();
+  QString Ruta(const QString& nombre) const { return carpeta.Ruta(nombre); }
+  QString Archivo(const QString& nombre, const QByteArray& contenido) const {
+    return carpeta.Escribir(nombre, contenido);
   }
-  QByteArray EnDisco(const char* nombre) const {
-    QFile archivo(Ruta(nombre));
-    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray("(no existe)");
-  }
+  QByteArray EnDisco(const QString& nombre) const { return carpeta.Leer(nombre); }
 
   void Abrir(const QString& ruta) {
     escritorio.dialogos.respuesta = ruta;
@@ -92,20 +84,21 @@ class Programa : public testing::Test {
     }
     return nullptr;
   }
-  CajaTexto* Caja() const { return Texto()->findChild<CajaTexto*>(QStringLiteral("TextBox(0)")); }
+  CajaTexto* Caja() const { return Texto()->findChild<CajaTexto*>("TextBox(0)"); }
   QByteArray EnCaja() const { return Texto()->ElDocumento().Copia(); }
   QString Titulo() const { return Texto()->Titulo(); }
-  void Escribir(const char* texto) {
+  void Escribir(const QString& texto) {
     Texto()->DarFoco();
-    QTest::keyClicks(Caja(), QString::fromLatin1(texto));
+    QTest::keyClicks(Caja(), texto);
   }
   VistaLista* Lista() const { return principal->findChild<VistaLista*>(); }
   QString Total() const {
-    return principal->findChild<QWidget*>(QStringLiteral("LblTotal"))->property("text").toString();
+    return principal->findChild<QWidget*>("LblTotal")->property("text").toString();
   }
-  bool Panel() const {
-    return Texto()->findChild<QWidget*>(QStringLiteral("FraGuardar"))->isVisibleTo(Texto());
+  bool SeVe(const char* panel) const {
+    return Texto()->findChild<QWidget*>(panel)->isVisibleTo(Texto());
   }
+  bool Panel() const { return SeVe("FraGuardar"); }
   QStringList Entradas() const {
     QStringList nombres;
     for (int i = 0; i < Lista()->model()->rowCount(); ++i) {
@@ -114,7 +107,7 @@ class Programa : public testing::Test {
     return nombres;
   }
 
-  QTemporaryDir carpeta;
+  CarpetaDePrueba carpeta;
   AjustesAnotados ajustes;
   EscritorioFalso escritorio;
   std::unique_ptr<ModGral> gral;

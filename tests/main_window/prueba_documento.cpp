@@ -65,23 +65,23 @@ TEST_F(Documentos, cancelling_an_edit_shows_the_file_from_the_disk_again) {
 
 TEST_F(Documentos, a_key_in_the_empty_window_starts_a_new_text) {
   Escribir("H");
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: Nuevo"));
+  EXPECT_EQ(Titulo(), "Archivo: Nuevo");
   EXPECT_TRUE(gral->ArchivoNuevo);
   EXPECT_EQ(EnCaja(), "H");
   Texto()->CmdCancelar_Click();
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ?"));
+  EXPECT_EQ(Titulo(), "Archivo: ?");
   EXPECT_EQ(EnCaja(), "H") << "there is no file to go back to";
   EXPECT_FALSE(Panel());
   QTest::keyClick(Caja(), Qt::Key_Delete);
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: Nuevo"));
+  EXPECT_EQ(Titulo(), "Archivo: Nuevo");
 }
 
 TEST_F(Documentos, a_composed_letter_counts_as_typing) {
   QInputMethodEvent evento;
-  evento.setCommitString(QStringLiteral("é"));
+  evento.setCommitString("é");
   QApplication::sendEvent(Caja(), &evento);
   EXPECT_EQ(EnCaja(), "\xe9");
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: Nuevo"));
+  EXPECT_EQ(Titulo(), "Archivo: Nuevo");
 }
 
 TEST_F(Documentos, a_new_text_is_saved_under_a_name_listed_and_loaded) {
@@ -93,10 +93,10 @@ TEST_F(Documentos, a_new_text_is_saved_under_a_name_listed_and_loaded) {
   PulsarIcono(1);
   EXPECT_EQ(EnCaja(), "nuevo") << "it is under way already";
   GuardarComo(Ruta("a"));
-  EXPECT_EQ(escritorio.dialogos.guardar.at(0).titulo, QStringLiteral("Guardar archivo..."));
+  EXPECT_EQ(escritorio.dialogos.guardar.at(0).titulo, "Guardar archivo...");
   EXPECT_EQ(EnDisco("a"), "nuevo");
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + Ruta("a"));
-  EXPECT_EQ(Entradas(), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+  EXPECT_EQ(Titulo(), "Archivo: " + Ruta("a"));
+  EXPECT_EQ(Entradas(), (QStringList{"a", "b"}));
   EXPECT_FALSE(Panel());
   EXPECT_FALSE(gral->ArchivoNuevo);
 }
@@ -108,9 +108,9 @@ TEST_F(Documentos, a_new_text_saved_over_the_file_shown_before_is_loaded_like_an
   Escribir("dos");
   GuardarComo(a);
   EXPECT_EQ(EnDisco("a"), "dos");
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + a);
+  EXPECT_EQ(Titulo(), "Archivo: " + a);
   EXPECT_EQ(Caja()->Cursor(), 0);
-  EXPECT_EQ(Total(), QStringLiteral("01"));
+  EXPECT_EQ(Total(), "01");
 }
 
 TEST_F(Documentos, cancelling_the_save_dialog_keeps_the_new_text) {
@@ -134,29 +134,28 @@ TEST_F(Documentos, a_new_text_survives_the_window_as_a_request) {
   PulsarIcono(1);
   Texto()->Cerrar();
   PulsarIcono(1);
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: Nuevo"));
+  EXPECT_EQ(Titulo(), "Archivo: Nuevo");
   EXPECT_EQ(EnCaja(), "");
 }
 
 TEST_F(Documentos, a_listed_file_that_is_gone_is_made_empty) {
   Abrir(Ruta("nuevo.txt"));
   EXPECT_EQ(EnDisco("nuevo.txt"), "");
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + Ruta("nuevo.txt"));
+  EXPECT_EQ(Titulo(), "Archivo: " + Ruta("nuevo.txt"));
 }
 
 TEST_F(Documentos, what_cannot_be_read_is_reported_and_changes_nothing) {
   const QString a = Archivo("a", "texto");
-  ASSERT_EQ(::mkfifo(QFile::encodeName(Ruta("tubo")).constData(), 0600), 0);
+  ASSERT_EQ(::mkfifo(carpeta.EnSistema("tubo").constData(), 0600), 0);
   Abrir(a);
   Escribir("X");
-  const QStringList malos{carpeta.path(), Ruta("tubo"), QStringLiteral("/dev/null"),
-                          Ruta("no/existe.txt")};
+  const QStringList malos{Ruta(""), Ruta("tubo"), "/dev/null", Ruta("no/existe.txt")};
   for (const QString& malo : malos) {
     Abrir(malo);
-    EXPECT_EQ(escritorio.mensajes.titulos.takeLast(), QStringLiteral("ERROR AL LEER EL ARCHIVO"));
+    EXPECT_EQ(escritorio.mensajes.titulos.takeLast(), "ERROR AL LEER EL ARCHIVO");
     EXPECT_FALSE(escritorio.mensajes.textos.takeLast().isEmpty());
     EXPECT_EQ(EnCaja(), "Xtexto");
-    EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + a);
+    EXPECT_EQ(Titulo(), "Archivo: " + a);
     EXPECT_TRUE(Panel());
     EXPECT_EQ(gral->ArchivoActual, a);
   }
@@ -165,12 +164,12 @@ TEST_F(Documentos, what_cannot_be_read_is_reported_and_changes_nothing) {
 }
 
 TEST_F(Documentos, a_failed_load_without_a_file_leaves_no_file) {
-  Abrir(carpeta.path());
+  Abrir(Ruta(""));
   Texto()->DarFoco();
   principal->DarFoco();
   Texto()->DarFoco();
   EXPECT_EQ(escritorio.mensajes.titulos.size(), 1) << "it is not tried again";
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ?"));
+  EXPECT_EQ(Titulo(), "Archivo: ?");
 }
 
 TEST_F(Documentos, a_failed_save_keeps_the_text_and_the_mark) {
@@ -179,8 +178,7 @@ TEST_F(Documentos, a_failed_save_keeps_the_text_and_the_mark) {
   Escribir("X");
   ASSERT_TRUE(QFile::setPermissions(a, QFile::ReadOwner));
   Guardar();
-  EXPECT_EQ(escritorio.mensajes.titulos,
-            QStringList(QStringLiteral("ERROR AL GUARDAR EL ARCHIVO")));
+  EXPECT_EQ(escritorio.mensajes.titulos, QStringList("ERROR AL GUARDAR EL ARCHIVO"));
   EXPECT_TRUE(Panel());
   EXPECT_EQ(EnDisco("a"), "texto");
   ASSERT_TRUE(QFile::remove(a));
@@ -194,8 +192,7 @@ TEST_F(Documentos, a_failed_first_save_reports_and_can_be_tried_again_where_no_f
   PulsarIcono(1);
   Escribir("nuevo");
   GuardarComo(Ruta("no/existe.txt"));
-  EXPECT_EQ(escritorio.mensajes.titulos,
-            QStringList(QStringLiteral("ERROR AL GUARDAR EL ARCHIVO")));
+  EXPECT_EQ(escritorio.mensajes.titulos, QStringList("ERROR AL GUARDAR EL ARCHIVO"));
   EXPECT_EQ(EnCaja(), "nuevo");
   Texto()->DarFoco();  // tries the path that was chosen, which cannot be read either
   EXPECT_EQ(EnCaja(), "nuevo");
@@ -209,7 +206,7 @@ TEST_F(Documentos, a_failed_first_save_goes_back_to_the_selected_file) {
   Escribir("nuevo");
   GuardarComo(Ruta("no/existe.txt"));
   EXPECT_EQ(EnCaja(), "uno");
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + Ruta("a"));
+  EXPECT_EQ(Titulo(), "Archivo: " + Ruta("a"));
 }
 
 }  // namespace

@@ -7,23 +7,20 @@ namespace {
 class FavoritasDePrograma : public Programa {
  protected:
   void Guardadas(const QStringList& carpetas) {
-    ajustes.valores[QStringLiteral("Registros/Total")] = QByteArray::number(carpetas.size());
+    ajustes.valores["Registros/Total"] = QByteArray::number(carpetas.size());
     for (int i = 0; i < carpetas.size(); ++i) {
-      ajustes.valores[QStringLiteral("Datos/F%1").arg(i + 1)] = carpetas[i].toLatin1();
+      ajustes.valores[QString("Datos/F%1").arg(i + 1)] = carpetas[i].toLatin1();
     }
   }
-  QString Carpeta(const char* nombre, const std::vector<const char*>& archivos) const {
-    QDir(carpeta.path()).mkdir(QString::fromUtf8(nombre));
+  QString Carpeta(const QString& nombre, const std::vector<const char*>& archivos) const {
     for (const char* archivo : archivos) {
-      Archivo((QByteArray(nombre) + '/' + archivo).constData(), archivo);
+      Archivo(nombre + '/' + archivo, archivo);
     }
     return Ruta(nombre);
   }
   void Favoritas() { principal->ImgMenu_Click(5); }
-  QLabel& Error() const { return *principal->findChild<QLabel*>(QStringLiteral("LblError")); }
-  bool Gestor() const {
-    return Texto()->findChild<QWidget*>(QStringLiteral("FraFavoritas"))->isVisibleTo(Texto());
-  }
+  QLabel& Error() const { return *principal->findChild<QLabel*>("LblError"); }
+  bool Gestor() const { return SeVe("FraFavoritas"); }
 };
 
 TEST_F(FavoritasDePrograma, the_folders_texts_are_listed_in_one_order_and_none_is_selected) {
@@ -31,15 +28,15 @@ TEST_F(FavoritasDePrograma, the_folders_texts_are_listed_in_one_order_and_none_i
   Guardadas(
       {Carpeta("uno", {"c.txt", "a.TXT", "nota.md"}), Carpeta("dos", {"b.txt", "A.txt"}) + u'/'});
   Favoritas();
-  EXPECT_EQ(Entradas().join(u' '), QStringLiteral("A.txt a.TXT b.txt c.txt"));
-  EXPECT_EQ(Total(), QStringLiteral("04"));
+  EXPECT_EQ(Entradas().join(u' '), "A.txt a.TXT b.txt c.txt");
+  EXPECT_EQ(Total(), "04");
   EXPECT_EQ(Lista()->IndiceSeleccionado(), -1);
   EXPECT_EQ(gral->ArchivoActual, QString());
   Favoritas();
-  EXPECT_EQ(Total(), QStringLiteral("04"));
+  EXPECT_EQ(Total(), "04");
   principal->DarFoco();
   principal->ImgMenu_Click(8);
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ") + Ruta("dos/A.txt"));
+  EXPECT_EQ(Titulo(), "Archivo: " + Ruta("dos/A.txt"));
   EXPECT_EQ(EnCaja(), "A.txt");
 }
 
@@ -50,7 +47,7 @@ TEST_F(FavoritasDePrograma, a_file_that_is_listed_and_edited_stays_selected_and_
   Escribir("X");
   Lista()->scrollToTop();
   Favoritas();
-  EXPECT_EQ(Entradas().join(u' '), QStringLiteral("a.txt m.txt z.txt"));
+  EXPECT_EQ(Entradas().join(u' '), "a.txt m.txt z.txt");
   EXPECT_EQ(Lista()->IndiceSeleccionado(), 1);
   EXPECT_EQ(EnCaja(), "Xm.txt");
   EXPECT_TRUE(Panel());
@@ -62,12 +59,12 @@ TEST_F(FavoritasDePrograma, drives_that_are_not_there_are_counted_in_a_notice_th
   Guardadas(carpetas);
   escritorio.unidades.fallos = {{carpetas[0], ENOMEDIUM}, {carpetas[2], ETIMEDOUT}};
   Favoritas();
-  EXPECT_EQ(Entradas(), QStringList(QStringLiteral("a.txt")));
-  EXPECT_EQ(Error().text(), QStringLiteral("2 Favoritas no abiertas."));
+  EXPECT_EQ(Entradas(), QStringList("a.txt"));
+  EXPECT_EQ(Error().text(), "2 Favoritas no abiertas.");
   EXPECT_TRUE(Error().isVisibleTo(principal.get()));
   EXPECT_TRUE(principal->rect().contains(Error().geometry()));
   EXPECT_GE(Error().height(), Error().heightForWidth(Error().width())) << "cut";
-  auto* reloj = principal->findChild<QTimer*>(QStringLiteral("TmrError"));
+  auto* reloj = principal->findChild<QTimer*>("TmrError");
   ASSERT_NE(reloj, nullptr);
   EXPECT_TRUE(reloj->isActive() && reloj->isSingleShot());
   EXPECT_EQ(reloj->interval(), 4000);
@@ -82,16 +79,16 @@ TEST_F(FavoritasDePrograma,
   const QString uno = Carpeta("uno", {"a.txt"});
   Guardadas({Ruta("no existe"), {}});
   Favoritas();
-  EXPECT_EQ(Total(), QStringLiteral("00"));
-  Guardadas({uno, Ruta("no existe"), {}, uno + QStringLiteral("/a.txt")});
+  EXPECT_EQ(Total(), "00");
+  Guardadas({uno, Ruta("no existe"), {}, uno + "/a.txt"});
   Favoritas();
-  EXPECT_EQ(Total(), QStringLiteral("01"));
+  EXPECT_EQ(Total(), "01");
   EXPECT_FALSE(Error().isVisibleTo(principal.get()));
   Lista()->Seleccionar(0);
   principal->ListBox_KeyDown(46);
   Guardadas({Ruta("no existe")});
   Favoritas();
-  EXPECT_EQ(Total(), QStringLiteral("01"));
+  EXPECT_EQ(Total(), "01");
 }
 
 TEST_F(FavoritasDePrograma, without_folders_the_manager_is_asked_for_unless_a_text_is_new) {
@@ -103,10 +100,10 @@ TEST_F(FavoritasDePrograma, without_folders_the_manager_is_asked_for_unless_a_te
   EXPECT_FALSE(gral->VerFavoritas || Gestor());
   Guardadas({uno});
   Favoritas();
-  EXPECT_EQ(Total(), QStringLiteral("01"));
+  EXPECT_EQ(Total(), "01");
   Texto()->CmdCancelar_Click();
   for (const char* total : {"0", "-1", "muchas", "99999"}) {
-    ajustes.valores[QStringLiteral("Registros/Total")] = total;
+    ajustes.valores["Registros/Total"] = total;
     principal->DarFoco();
     EXPECT_FALSE(Gestor());
     Favoritas();
@@ -119,34 +116,38 @@ TEST_F(FavoritasDePrograma, without_folders_the_manager_is_asked_for_unless_a_te
 }
 
 TEST_F(FavoritasDePrograma, the_option_lists_them_at_the_start_or_opens_the_manager) {
-  ajustes.valores[QStringLiteral("Opciones/Favoritas")] = "Si";
+  ajustes.valores["Opciones/Favoritas"] = "Si";
   Arrancar();
   EXPECT_TRUE(Gestor());
   principal->Cerrar();
   Guardadas({Carpeta("uno", {"a.txt"})});
   Arrancar();
   EXPECT_FALSE(Gestor());
-  EXPECT_EQ(Total(), QStringLiteral("01"));
-  EXPECT_EQ(Titulo(), QStringLiteral("Archivo: ?"));
+  EXPECT_EQ(Total(), "01");
+  EXPECT_EQ(Titulo(), "Archivo: ?");
 }
 
 TEST_F(FavoritasDePrograma, the_list_takes_no_more_than_16_bits_count_and_says_so) {
   Arrancar();
-  Guardadas({QStringLiteral("/x"), QStringLiteral("/y")});
+  Guardadas({"/x", "/y"});
   for (int i = 0; i < 32767; ++i) {
-    escritorio.unidades.inventadas[QStringLiteral("/x")]
-        << QStringLiteral("%1.txt").arg(i * 7919 % 32767, 5, 10, QChar(u'0'));
+    escritorio.unidades.inventadas["/x"]
+        << QString("%1.txt").arg(i * 7919 % 32767, 5, 10, QChar(u'0'));
   }
-  Guardadas({QStringLiteral("/x")});
+  Guardadas({"/x"});
   Favoritas();
   Favoritas();
-  EXPECT_EQ(Total(), QStringLiteral("32767"));
+  EXPECT_EQ(Total(), "32767");
   EXPECT_TRUE(escritorio.mensajes.titulos.isEmpty());
-  EXPECT_EQ(Entradas().value(7), QStringLiteral("00007.txt"));
-  Guardadas({QStringLiteral("/x"), Carpeta("y", {"de mas.txt"})});
+  EXPECT_EQ(Entradas().value(7), "00007.txt");
+  Guardadas({"/x", Carpeta("y", {"de mas.txt"})});
   Favoritas();
-  EXPECT_EQ(Total(), QStringLiteral("32767"));
-  EXPECT_EQ(escritorio.mensajes.titulos, QStringList(QStringLiteral("LISTA LLENA")));
+  EXPECT_EQ(Total(), "32767");
+  EXPECT_EQ(escritorio.mensajes.titulos, QStringList("LISTA LLENA"));
+  Abrir(Archivo("de mas.txt", {}));
+  EXPECT_EQ(Total(), "32767");
+  EXPECT_EQ(escritorio.mensajes.titulos.size(), 2);
+  EXPECT_EQ(gral->ArchivoActual, gral->ArchivoCargado);
 }
 
 TEST(ListaDeVarios, many_at_once_stand_as_if_they_had_come_one_by_one) {
@@ -154,14 +155,14 @@ TEST(ListaDeVarios, many_at_once_stand_as_if_they_had_come_one_by_one) {
   ListaArchivos uno_a_uno;
   for (ListaArchivos* lista : {&varios, &uno_a_uno}) {
     for (const char* ruta : {"/a/m.txt", "/a/B.txt", "/b/m.txt"}) {
-      lista->Agregar(QString::fromUtf8(ruta));
+      lista->Agregar(ruta);
     }
     lista->Quitar(0);
   }
   QStringList nuevas;
   for (const char* ruta : {"/c/m.txt", "/c/ñ.txt", "/a/m.txt", "/c/b.txt", "/c/M.txt", "/d/m.txt",
                            "/c/ñ.txt", "/c/z.txt", "/c/A.txt"}) {
-    nuevas << QString::fromUtf8(ruta);
+    nuevas << ruta;
   }
   const QPersistentModelIndex marcada = varios.index(1, 0);
   const QString ruta_marcada = varios.Rutas(1);
@@ -180,7 +181,7 @@ TEST(ListaDeVarios, many_at_once_stand_as_if_they_had_come_one_by_one) {
   };
   EXPECT_EQ(rutas(varios), rutas(uno_a_uno));
   EXPECT_EQ(varios.Rutas(marcada.row()), ruta_marcada);
-  EXPECT_EQ(varios.Buscar(QStringLiteral("/c/z.txt")), varios.Total() - 1);
+  EXPECT_EQ(varios.Buscar("/c/z.txt"), varios.Total() - 1);
 }
 
 }  // namespace

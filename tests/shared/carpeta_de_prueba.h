@@ -14,8 +14,10 @@ class CarpetaDePrueba {
   QString Ruta(const QString& nombre) const { return carpeta_.filePath(nombre); }
   QByteArray EnSistema(const QString& nombre) const { return QFile::encodeName(Ruta(nombre)); }
 
+  // Makes the folder that the file lies in, too.
   QString Escribir(const QString& nombre, const QByteArray& contenido) const {
     QFile archivo(Ruta(nombre));
+    EXPECT_TRUE(QDir().mkpath(QFileInfo(archivo.fileName()).path()));
     EXPECT_TRUE(archivo.open(QIODevice::WriteOnly) && archivo.write(contenido) == contenido.size());
     return Ruta(nombre);
   }
