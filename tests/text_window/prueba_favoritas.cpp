@@ -7,77 +7,71 @@
 
 namespace {
 
-const QString Archivo = QStringLiteral("Favoritas.INI");
-
-QString Texto(const char* utf8) {
-  return QString::fromUtf8(utf8);
-}
-
 class LasFavoritas : public MesaTexto {
  protected:
   LasFavoritas() {
-    gral.ArchivoFavoritas = carpeta.Ruta(Archivo);
-    gral.ArchivoINI = carpeta.Ruta(QStringLiteral("Velda.INI"));
+    gral.ArchivoFavoritas = Ruta("Favoritas.INI");
+    gral.ArchivoINI = Ruta("Velda.INI");
     for (const char* nombre : {"casa/ñandú", "casa/Nube/dentro", "casa/.oculta", "disco/sub"}) {
       QDir().mkpath(Ruta(nombre));
     }
-    escritorio.unidades.unidades = {{Texto("Personal"), Ruta("casa")},
-                                    {Texto("DISCO CON NOMBRE LARGO"), Ruta("disco")},
-                                    {Texto("Rota"), Ruta("rota")}};
+    escritorio.unidades.unidades = {{"Personal", Ruta("casa")},
+                                    {"DISCO CON NOMBRE LARGO", Ruta("disco")},
+                                    {"Rota", Ruta("rota")}};
     Mostrar();
   }
   void Abrir(const QStringList& guardadas = {}) {
-    if (!guardadas.isEmpty()) {
-      GuardarFavoritas(gral, guardadas);
-    }
+    if (!guardadas.isEmpty()) GuardarFavoritas(gral, guardadas);
     gral.VerFavoritas = true;
     texto->DarFoco();
   }
 
-  QString Ruta(const char* nombre) const { return carpeta.Ruta(Texto(nombre)); }
+  QString Ruta(const QString& nombre) const { return carpeta.Ruta(nombre); }
   FraFavoritas& Panel() const { return *texto->findChild<FraFavoritas*>(); }
-  CajaTexto& Caja() const { return *texto->findChild<CajaTexto*>(Texto("TextBox(0)")); }
+  CajaTexto& Caja() const { return *texto->findChild<CajaTexto*>("TextBox(0)"); }
   bool Abierto() const { return Panel().isVisibleTo(texto.get()); }
   QString Estados() const {
     QStringList lineas;
-    for (const QLabel* linea : Panel().LblEstado) {
-      lineas << linea->accessibleName();
-    }
+    for (const QLabel* linea : Panel().LblEstado) lineas << linea->accessibleName();
     return lineas.join(u'|');
   }
   QString Ultimo() const { return Panel().LblEstado[2]->text(); }
+  // What is said when a button is pressed three times.
+  QString Lineas(QAbstractButton& boton) const {
+    QStringList lineas;
+    for (int i = 0; i < 3; ++i) {
+      boton.click();
+      lineas << Ultimo();
+    }
+    return lineas.join(u'|');
+  }
   static QStringList Entradas(const QListWidget& lista) {
     QStringList textos;
-    for (int i = 0; i < lista.count(); ++i) {
-      textos << lista.item(i)->text();
-    }
+    for (int i = 0; i < lista.count(); ++i) textos << lista.item(i)->text();
     return textos;
   }
   QStringList Favoritas() const { return Entradas(*Panel().LstFav); }
   void Elegir(const char* nombre) const {
-    const auto entradas = Panel().DirCarpeta->findItems(Texto(nombre), Qt::MatchExactly);
+    const auto entradas = Panel().DirCarpeta->findItems(nombre, Qt::MatchExactly);
     ASSERT_FALSE(entradas.isEmpty()) << nombre;
     Panel().DirCarpeta->setCurrentItem(entradas.constLast());
   }
   static QStringList Muchas(int cuantas) {
     QStringList carpetas;
-    for (int i = 0; i < cuantas; ++i) {
-      carpetas << QStringLiteral("/f%1").arg(i, 2, 10, QChar(u'0'));
-    }
+    for (int i = 10; i < 10 + cuantas; ++i) carpetas << QString("/f%1").arg(i);
     return carpetas;
   }
 };
 
 TEST_F(LasFavoritas, opening_shows_what_is_stored_in_order_and_the_drives_root) {
-  Abrir({Texto("/b"), Texto("/Ñu"), Texto("/nube"), Texto("/A"), QString()});
+  Abrir({"/b", "/Ñu", "/nube", "/A", QString()});
   ASSERT_TRUE(Abierto());
   EXPECT_EQ(Panel().pos(), QPoint(3, 3));
-  EXPECT_EQ(Favoritas(), (QStringList{{}, Texto("/A"), Texto("/b"), Texto("/nube"), Texto("/Ñu")}));
-  EXPECT_EQ(Estados(), Texto("> Gestionar favoritas|> Total Favoritas: 5|> Listo..."));
+  EXPECT_EQ(Favoritas(), (QStringList{{}, "/A", "/b", "/nube", "/Ñu"}));
+  EXPECT_EQ(Estados(), "> Gestionar favoritas|> Total Favoritas: 5|> Listo...");
   const QStringList carpetas = Entradas(*Panel().DirCarpeta);
-  EXPECT_EQ(carpetas.mid(carpetas.indexOf(Texto("casa"))),
-            (QStringList{Texto("casa"), Texto("Nube"), Texto("ñandú")}));
-  EXPECT_EQ(carpetas.first(), Texto("/"));
+  EXPECT_EQ(carpetas.mid(carpetas.indexOf("casa")), (QStringList{"casa", "Nube", "ñandú"}));
+  EXPECT_EQ(carpetas.first(), "/");
   EXPECT_EQ(Panel().DirCarpeta->Elegida(), Ruta("casa"));
   Panel().CmdCerrarFav_Click();
   EXPECT_FALSE(Abierto() || gral.VerFavoritas);
@@ -95,29 +89,24 @@ TEST_F(LasFavoritas, a_folder_is_opened_highlighted_and_added_and_the_close_writ
   QTest::mouseDClick(lista.viewport(), Qt::LeftButton, {}, raton);
   EXPECT_EQ(lista.Elegida(), Ruta("casa/Nube/dentro"));
   Panel().CmdAnhadir->click();
-  EXPECT_EQ(Ultimo(), Texto("> Carpeta añadida (1)"));
+  EXPECT_EQ(Ultimo(), "> Carpeta añadida (1)");
   Elegir("casa");
   Panel().CmdAnhadir->click();
   Elegir("/");
   Panel().CmdAnhadir->click();
   Panel().CmdAnhadir->click();
   Panel().CmdAnhadir->click();
-  EXPECT_EQ(Estados(), Texto("> Carpeta añadida (3)|> Imposible ya EXISTE|> Seleccione otra"));
-  EXPECT_EQ(carpeta.Leer(Archivo), "<falta>") << "written before the close";
+  EXPECT_EQ(Estados(), "> Carpeta añadida (3)|> Imposible ya EXISTE|> Seleccione otra");
+  EXPECT_EQ(carpeta.Leer("Favoritas.INI"), "<falta>") << "written before the close";
   principal.DarFoco();
   EXPECT_FALSE(Abierto());
-  EXPECT_EQ(LeerFavoritas(gral), (QStringList{Texto("/"), Ruta("casa"), Ruta("casa/Nube/dentro")}));
+  EXPECT_EQ(LeerFavoritas(gral), (QStringList{"/", Ruta("casa"), Ruta("casa/Nube/dentro")}));
 }
 
 TEST_F(LasFavoritas, thirty_are_the_most_that_are_added) {
   Abrir(Muchas(30));
-  QStringList lineas;
-  for (int i = 0; i < 3; ++i) {
-    Panel().CmdAnhadir->click();
-    lineas << Ultimo();
-  }
-  EXPECT_EQ(lineas.join(u'|'),
-            Texto("> Demasiadas carpetas|> Elimine alguna|> Demasiadas carpetas"));
+  EXPECT_EQ(Lineas(*Panel().CmdAnhadir),
+            "> Demasiadas carpetas|> Elimine alguna|> Demasiadas carpetas");
   EXPECT_EQ(Favoritas().size(), 30);
   texto->Cerrar();
   EXPECT_EQ(LeerFavoritas(gral), Muchas(30));
@@ -130,7 +119,7 @@ TEST_F(LasFavoritas, removing_selects_the_one_above) {
     Abrir(Muchas(cuantas));
     Panel().LstFav->setCurrentRow(quitada);
     Panel().CmdQuitar->click();
-    EXPECT_EQ(Ultimo(), Texto("> Eliminada. Quedan %1").arg(cuantas - 1));
+    EXPECT_EQ(Ultimo(), QString("> Eliminada. Quedan %1").arg(cuantas - 1));
     EXPECT_EQ(Panel().LstFav->selectedItems().isEmpty() ? -1 : Panel().LstFav->currentRow(),
               elegida);
     QStringList quedan = Muchas(cuantas);
@@ -144,37 +133,27 @@ TEST_F(LasFavoritas, removing_selects_the_one_above) {
 
 TEST_F(LasFavoritas, what_cannot_be_done_is_said_in_turns) {
   Abrir(Muchas(1));
-  QStringList lineas;
-  const auto quitar = [&] {
-    Panel().CmdQuitar->click();
-    lineas << Ultimo();
-  };
-  quitar();
-  quitar();
-  quitar();
+  EXPECT_EQ(Lineas(*Panel().CmdQuitar),
+            "> Marque la carpeta|> Clic en la lista|> Marque la carpeta");
   Panel().LstFav->setCurrentRow(0);
-  quitar();
-  quitar();
-  quitar();
-  EXPECT_EQ(lineas.join(u'|'),
-            Texto("> Marque la carpeta|> Clic en la lista|> Marque la carpeta|> Eliminada. Quedan "
-                  "0|> NO hay carpetas fav.|> Añada alguna carpeta"));
+  EXPECT_EQ(Lineas(*Panel().CmdQuitar),
+            "> Eliminada. Quedan 0|> NO hay carpetas fav.|> Añada alguna carpeta");
 }
 
 TEST_F(LasFavoritas, folders_that_the_file_could_not_give_back_are_refused) {
-  for (const char* nombre : {"casa/日本", "casa/dos\nlíneas"}) {
-    ASSERT_TRUE(QDir().mkpath(Ruta(nombre)));
+  const QString larga = QString(120, u'ñ');
+  for (const QString& nombre : {QString("日本"), QString("dos\nlíneas"), larga}) {
+    ASSERT_TRUE(QDir().mkpath(Ruta("casa/") + nombre));
   }
-  ASSERT_TRUE(QDir().mkpath(Ruta("casa/") + QString(120, u'ñ')));
   Abrir();
   for (int i = Panel().DirCarpeta->count() - 1; Panel().DirCarpeta->item(i)->text() != u"casa";
        --i) {
     Panel().DirCarpeta->setCurrentRow(i);
     Panel().CmdAnhadir->click();
   }
-  EXPECT_EQ(Favoritas(), (QStringList{Ruta("casa/Nube"), Ruta("casa/ñandú"),
-                                      Ruta("casa/") + QString(120, u'ñ')}));
-  EXPECT_TRUE(Estados().contains(Texto("> Ruta no admitida")));
+  EXPECT_EQ(Favoritas(),
+            (QStringList{Ruta("casa/Nube"), Ruta("casa/ñandú"), Ruta("casa/") + larga}));
+  EXPECT_TRUE(Estados().contains("> Ruta no admitida"));
 }
 
 TEST_F(LasFavoritas, a_drive_that_fails_gives_way_to_the_one_before_once) {
@@ -183,27 +162,25 @@ TEST_F(LasFavoritas, a_drive_that_fails_gives_way_to_the_one_before_once) {
   unidades.setCurrentIndex(1);
   EXPECT_EQ(Panel().DirCarpeta->Elegida(), Ruta("disco"));
   unidades.setCurrentIndex(2);
-  EXPECT_EQ(Estados(),
-            Texto("> Selec. unidad Rota|> Unidad no disponible|> Selec. unidad Personal"));
-  EXPECT_EQ(unidades.currentText(), Texto("Personal"));
+  EXPECT_EQ(Estados(), "> Selec. unidad Rota|> Unidad no disponible|> Selec. unidad Personal");
+  EXPECT_EQ(unidades.currentText(), "Personal");
   EXPECT_EQ(Panel().DirCarpeta->Elegida(), Ruta("casa"));
   escritorio.unidades.fallos[Ruta("casa")] = EIO;
   unidades.setCurrentIndex(2);
-  EXPECT_EQ(Estados(),
-            Texto("> Unidad no disponible|> Selec. unidad Personal|> Unidad no disponible"));
+  EXPECT_EQ(Estados(), "> Unidad no disponible|> Selec. unidad Personal|> Unidad no disponible");
 }
 
 TEST_F(LasFavoritas, opening_the_drive_list_finds_new_drives_and_changes_nothing) {
   Abrir();
   Panel().DrvUnidad->setCurrentIndex(1);
   escritorio.unidades.unidades.insert(escritorio.unidades.unidades.begin(),
-                                      {Texto("Nueva"), Ruta("nueva")});
+                                      {"Nueva", Ruta("nueva")});
   escritorio.unidades.unidades.erase(escritorio.unidades.unidades.begin() + 2);
   const QString antes = Estados();
   Panel().DrvUnidad->showPopup();
   EXPECT_EQ(Estados(), antes);
-  EXPECT_EQ(Panel().DrvUnidad->currentText(), Texto("DISCO CON NOMBRE LARGO"));
-  EXPECT_GE(Panel().DrvUnidad->findText(Texto("Nueva")), 0);
+  EXPECT_EQ(Panel().DrvUnidad->currentText(), "DISCO CON NOMBRE LARGO");
+  EXPECT_GE(Panel().DrvUnidad->findText("Nueva"), 0);
   Panel().DrvUnidad->hidePopup();
   Panel().CmdCerrarFav_Click();
   Panel().GestionarFavoritas();
@@ -218,13 +195,13 @@ TEST_F(LasFavoritas, a_folder_that_cannot_be_read_is_said_and_not_opened) {
     escritorio.unidades.fallos[Ruta("casa/Nube")] = codigo;
     Elegir("Nube");
     QTest::keyClick(Panel().DirCarpeta, Qt::Key_Return);
-    EXPECT_EQ(Ultimo(), Texto(linea));
+    EXPECT_EQ(Ultimo(), linea);
     EXPECT_EQ(Entradas(*Panel().DirCarpeta), antes);
   }
   Panel().CmdCerrarFav_Click();
   escritorio.unidades.fallos[Ruta("casa")] = EIO;
   Panel().GestionarFavoritas();
-  EXPECT_EQ(Ultimo(), Texto("> Unidad no disponible"));
+  EXPECT_EQ(Ultimo(), "> Unidad no disponible");
   Panel().CmdAnhadir->click();
   EXPECT_TRUE(Favoritas().isEmpty()) << "no folder is open";
 }
@@ -236,20 +213,20 @@ TEST_F(LasFavoritas, every_line_fits_and_a_long_drive_is_shortened_in_its_middle
     const QLabel& linea = *Panel().LblEstado[2];
     EXPECT_LE(linea.fontMetrics().horizontalAdvance(linea.text()), linea.width());
     EXPECT_TRUE(Panel().Shape1->geometry().contains(linea.geometry()));
-    EXPECT_EQ(linea.toolTip(), unidad == 1 ? Texto("DISCO CON NOMBRE LARGO") : QString());
+    EXPECT_EQ(linea.toolTip(), unidad == 1 ? "DISCO CON NOMBRE LARGO" : QString());
   }
-  EXPECT_TRUE(Panel().LblEstado[1]->text().startsWith(Texto("> Selec. unidad D")));
+  EXPECT_TRUE(Panel().LblEstado[1]->text().startsWith("> Selec. unidad D"));
   EXPECT_TRUE(Panel().LblEstado[1]->text().contains(u'…'));
-  EXPECT_EQ(Ultimo(), Texto("> Selec. unidad Personal"));
+  EXPECT_EQ(Ultimo(), "> Selec. unidad Personal");
 }
 
 TEST_F(LasFavoritas, while_it_is_open_typing_is_dropped_but_delete_acts) {
   Abrir();
   QTest::keyClick(&Caja(), Qt::Key_A);
-  EXPECT_EQ(texto->Titulo(), Texto("Archivo: ?"));
+  EXPECT_EQ(texto->Titulo(), "Archivo: ?");
   EXPECT_EQ(texto->ElDocumento().Copia(), "");
   QTest::keyClick(&Caja(), Qt::Key_Delete);
-  EXPECT_EQ(texto->Titulo(), Texto("Archivo: Nuevo"));
+  EXPECT_EQ(texto->Titulo(), "Archivo: Nuevo");
 }
 
 TEST_F(LasFavoritas, the_options_panel_leads_to_it_and_is_stored_first) {
@@ -257,11 +234,11 @@ TEST_F(LasFavoritas, the_options_panel_leads_to_it_and_is_stored_first) {
   gral.VerFavoritas = true;
   texto->DarFoco();
   EXPECT_FALSE(Abierto()) << "the options come first";
-  texto->findChild<QToolButton*>(Texto("CmdFavoritas"))->click();
+  texto->findChild<QToolButton*>("CmdFavoritas")->click();
   EXPECT_TRUE(Abierto());
   EXPECT_FALSE(gral.VerOpciones);
   EXPECT_TRUE(texto->findChild<FraOpciones*>()->isHidden());
-  EXPECT_TRUE(carpeta.Leer(Texto("Velda.INI")).contains("Confirmar="));
+  EXPECT_TRUE(carpeta.Leer("Velda.INI").contains("Confirmar="));
 }
 
 TEST_F(LasFavoritas, tab_walks_through_its_controls_and_enter_presses_them) {
@@ -272,9 +249,8 @@ TEST_F(LasFavoritas, tab_walks_through_its_controls_and_enter_presses_them) {
     QTest::keyClick(texto->focusWidget(), Qt::Key_Tab);
   }
   EXPECT_EQ(vuelta.join(u' '),
-            Texto("DrvUnidad DirCarpeta CmdAnhadir LstFav CmdQuitar CmdCerrarFav DrvUnidad"));
-  for (QWidget* boton :
-       {static_cast<QWidget*>(Panel().CmdAnhadir), static_cast<QWidget*>(Panel().CmdCerrarFav)}) {
+            "DrvUnidad DirCarpeta CmdAnhadir LstFav CmdQuitar CmdCerrarFav DrvUnidad");
+  for (QWidget* boton : std::initializer_list<QWidget*>{Panel().CmdAnhadir, Panel().CmdCerrarFav}) {
     boton->setFocus();
     QTest::keyClick(boton, Qt::Key_Return);
   }

