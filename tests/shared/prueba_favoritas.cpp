@@ -6,10 +6,6 @@ namespace {
 class Favoritas : public testing::Test {
  protected:
   Favoritas() { gral.ArchivoFavoritas = carpeta.Ruta("Favoritas.INI"); }
-  QStringList Leidas(const QByteArray& contenido) {
-    carpeta.Escribir("Favoritas.INI", contenido);
-    return LeerFavoritas(gral);
-  }
   QByteArray Archivo() const { return carpeta.Leer("Favoritas.INI"); }
 
   CarpetaDePrueba carpeta;
@@ -65,38 +61,6 @@ TEST_F(Favoritas, a_shorter_list_leaves_empty_keys_and_an_empty_one_no_file) {
   GuardarFavoritas(gral, {});
   EXPECT_EQ(gral.TotalFavoritas, 0);
   EXPECT_TRUE(carpeta.Nombres().empty());
-}
-
-TEST_F(Favoritas, what_others_wrote_into_the_file_stays) {
-  carpeta.Escribir("Favoritas.INI",
-                   "; mio\n[datos]\nf1 = \"/x\"\nF31=/y\nNota=1\n[Otra]\nTotal=9\n");
-  GuardarFavoritas(gral, {"/a"});
-  const QByteArray ahora = Archivo();
-  EXPECT_TRUE(
-      ahora.startsWith("; mio\n[datos]\nf1 =/a" + QByteArray(98, ' ') + "\nF31=/y\nNota=1\nF2=\n"))
-      << ahora.constData();
-  EXPECT_TRUE(ahora.contains("\n[Otra]\nTotal=9\n[Registros]\nTotal=1\n"));
-  EXPECT_FALSE(ahora.contains('\r'));
-}
-
-TEST_F(Favoritas, a_file_edited_by_hand_is_read_as_far_as_it_goes) {
-  struct Caso {
-    const char* contenido;
-    QStringList carpetas;
-  };
-  for (const auto& [contenido, carpetas] : {
-           Caso{"[Registros]\nTotal=3\n[Datos]\nF1=/a\nF2=/b\n", {"/a", "/b", ""}},
-           {"[Datos]\r\nF2= \"/b c\" \r\nF1='/a'\r\n[Registros]\r\n total = 2,9 \r\n",
-            {"/a", "/b c"}},
-           {"[Registros]\nTotal=0\n[Datos]\nF1=/a\n", {}},
-           {"[Registros]\nTotal=-2\n[Datos]\nF1=/a\n", {}},
-           {"[Registros]\nTotal=dos\n[Datos]\nF1=/a\n", {}},
-           {"[Registros]\nTotal=70000\n[Datos]\nF1=/a\n", {}},
-           {"[Datos]\nF1=/a\n", {}},
-       }) {
-    EXPECT_EQ(Leidas(contenido), carpetas) << contenido;
-    EXPECT_EQ(gral.TotalFavoritas, carpetas.size() > 0 ? carpetas.size() : gral.TotalFavoritas);
-  }
 }
 
 }  // namespace

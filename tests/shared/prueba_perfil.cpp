@@ -19,13 +19,6 @@ class PerfilEnDisco : public testing::Test {
   Perfil perfil{acceso};
 };
 
-TEST_F(PerfilEnDisco, a_missing_file_gives_the_default_and_is_not_made) {
-  EXPECT_EQ(Leido(u"PrinIzda"), "615");
-  EXPECT_EQ(perfil.Longitud, 3);
-  EXPECT_EQ(perfil.Entero16(0), 615);
-  EXPECT_TRUE(carpeta.Nombres().empty());
-}
-
 TEST_F(PerfilEnDisco, the_first_write_makes_folder_and_file) {
   ruta = carpeta.Ruta("config/velda/Velda.INI");
   perfil.Escribir(ruta, u"PosTam", u"PrinIzda", u"-20");
@@ -59,29 +52,6 @@ TEST_F(PerfilEnDisco, a_long_value_is_read_cut_at_99_or_whole) {
   }
 }
 
-TEST_F(PerfilEnDisco, yes_and_inicial_are_their_first_letters_in_exact_case) {
-  struct Caso {
-    const char* valor;
-    bool si;
-    bool inicial;
-  };
-  for (const Caso& caso : {Caso{"Si", true, false},
-                           {"Sinon", true, false},
-                           {"si", false, false},
-                           {"SI", false, false},
-                           {"S", false, false},
-                           {"", false, false},
-                           {"Inicial", false, true},
-                           {"Iniciales", false, true},
-                           {"inicial", false, false},
-                           {"Inicia", false, false}}) {
-    carpeta.Escribir("Velda.INI", QByteArray("[PosTam]\nv=") + caso.valor);
-    Leido(u"v");
-    EXPECT_EQ(perfil.EsSi(), caso.si) << caso.valor;
-    EXPECT_EQ(perfil.EsInicial(), caso.inicial) << caso.valor;
-  }
-}
-
 TEST_F(PerfilEnDisco, an_equal_value_does_not_write_the_file) {
   perfil.Escribir(ruta, u"PosTam", u"PrinIzda", u"7");
   const struct stat antes = carpeta.Estado("Velda.INI");
@@ -91,23 +61,28 @@ TEST_F(PerfilEnDisco, an_equal_value_does_not_write_the_file) {
   EXPECT_NE(carpeta.Estado("Velda.INI").st_ino, antes.st_ino);
 }
 
-TEST_F(PerfilEnDisco, programs_that_write_at_once_lose_no_key) {
+TEST_F(PerfilEnDisco, programs_that_write_at_once_lose_neither_keys_nor_lines) {
   constexpr int Programas = 4;
   constexpr int Claves = 40;
+  const QByteArray antes = "; a mano\r\n[B]\r\nx = 1\r\n";
+  carpeta.Escribir("Velda.INI", antes);
   for (int i = 0; i < Programas; ++i) {
     if (::fork() != 0) continue;
-    for (int j = 0; j < Claves; ++j) {
+    for (int j = 0; j < Claves; j += 2) {
+      const Perfil::Juntos juntos(perfil, ruta);
       perfil.Escribir(ruta, u"A", QString("k%1_%2").arg(i).arg(j), QString::number(j));
+      perfil.Escribir(ruta, u"A", QString("k%1_%2").arg(i).arg(j + 1), QString::number(j + 1));
     }
     ::_exit(0);
   }
   while (::wait(nullptr) > 0) continue;
-  for (int i = 0; i < Programas; ++i) {
-    for (int j = 0; j < Claves; ++j) {
-      perfil.Leer(ruta, u"A", QString("k%1_%2").arg(i).arg(j), u"-1");
-      EXPECT_EQ(perfil.Entero16(-1), j) << i;
-    }
+  for (int i = 0; i < Programas * Claves; ++i) {
+    perfil.Leer(ruta, u"A", QString("k%1_%2").arg(i / Claves).arg(i % Claves), u"-1");
+    EXPECT_EQ(perfil.Entero16(-1), i % Claves) << i / Claves;
   }
+  EXPECT_TRUE(carpeta.Leer("Velda.INI").startsWith(antes));
+  EXPECT_EQ(carpeta.Leer("Velda.INI").count('='), 1 + Programas * Claves);
+  EXPECT_EQ(carpeta.Nombres(), QStringList("Velda.INI"));
 }
 
 }  // namespace
