@@ -1,8 +1,4 @@
-"""A folder is made a favourite by keyboard; its texts are listed, also at the next start. A volume
-that was taken away is said for a while."""
-import subprocess
-import tempfile
-
+"""A folder is made a favourite by keyboard; its texts are listed, also at the next start."""
 from escritorio import esperar, esperar_valor, recorrer
 
 
@@ -23,27 +19,6 @@ def agregar_primera(e):
     esperar_estado(e, "> Carpeta añadida (1)")
 
 
-def volumen_quitado(e):
-    """Needs root and a kernel that lets it mount."""
-    with tempfile.TemporaryDirectory(prefix="velda-", dir="/mnt") as punto:
-        montado = subprocess.run(["mount", "-t", "tmpfs", "velda", punto], check=False,
-                                 capture_output=True)
-        if montado.returncode:
-            print("No volume can be mounted here: this part was not tried")
-            return
-        try:
-            subprocess.run(["mkdir", f"{punto}/notas"], check=True)
-            (e.bin / "Favoritas.INI").write_text(
-                f"[Registros]\nTotal=1\n[Datos]\nF1={punto}/notas\n")
-            e.pulsar_icono("Favoritas")
-            assert "1 Favoritas no abiertas." not in nombres(e)
-        finally:
-            subprocess.run(["umount", punto], check=True)
-        e.pulsar_icono("Favoritas")
-        esperar_estado(e, "1 Favoritas no abiertas.")
-        esperar("the notice gone", lambda: "1 Favoritas no abiertas." not in nombres(e))
-
-
 def recorrido(e):
     carpeta = e.raiz / "casa" / "Años ñ"
     carpeta.mkdir()
@@ -62,7 +37,6 @@ def recorrido(e):
     ini.write_bytes(ini.read_bytes().replace(b"[Opciones]", b"[Opciones]\r\nFavoritas=Si"))
     e.iniciar()
     esperar_valor("the list", e.entradas, ["á.txt", "b.TXT"])
-    volumen_quitado(e)
     e.cerrar()
 
 
