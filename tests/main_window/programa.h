@@ -38,12 +38,14 @@ class AjustesAnotados : public AccesoPerfil {
 
 class Programa : public testing::Test {
  protected:
+  void SetUp() override { Arrancar(); }
   // A closed text window goes while the desktop that it knows is still there.
   ~Programa() override {
     principal.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
+  // Once more, with the settings that are now in `ajustes`.
   void Arrancar() {
     gral = std::make_unique<ModGral>(ajustes);
     principal = std::make_unique<FrmMain>(*gral, escritorio.Servicios());
@@ -61,6 +63,10 @@ class Programa : public testing::Test {
     escritorio.dialogos.respuesta = ruta;
     PulsarIcono(0);
     escritorio.dialogos.respuesta.clear();
+  }
+  // Files that hold their names.
+  void AbrirTodos(const QStringList& nombres) {
+    for (const QString& nombre : nombres) Abrir(Archivo(nombre, nombre.toUtf8()));
   }
   // What a user does in the main window makes it the active one first.
   void PulsarIcono(int indice) const {

@@ -5,7 +5,6 @@ namespace {
 using Arranque = Programa;
 
 TEST_F(Arranque, a_first_run_takes_the_defaults_and_writes_them_in_their_order_and_form) {
-  Arrancar();
   EXPECT_EQ(principal->size(), QSize(150, 327));
   EXPECT_EQ(Titulo(), "Archivo: ?");
   EXPECT_EQ(escritorio.activacion.Activa(), Texto());
@@ -53,7 +52,6 @@ TEST_F(Arranque, yes_is_yes_by_its_first_two_letters) {
 }
 
 TEST_F(Arranque, closing_the_text_window_alone_ends_nothing_and_gives_the_focus_back) {
-  Arrancar();
   principal->PonerEstado(EstadoVentana::Minimizada);
   Texto()->Cerrar();
   EXPECT_TRUE(principal->Visible());

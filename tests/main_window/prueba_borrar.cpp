@@ -18,11 +18,7 @@ class Borrar : public Programa {
     QCoreApplication::exec();
     Arrancar();
   }
-  void AbrirTres() {
-    for (const char* nombre : {"a", "c", "b"}) {
-      Abrir(Archivo(nombre, nombre));
-    }
-  }
+  void AbrirTres() { AbrirTodos({"a", "c", "b"}); }
   // Runs the command; `paso` happens while the confirmation is open. False: it never was.
   bool Confirmando(const Paso& paso) {
     bool abierta = false;
@@ -100,9 +96,8 @@ TEST_F(Borrar, nothing_selected_is_refused) {
   AbrirTres();
   Lista()->clearSelection();
   EXPECT_FALSE(Confirmando(Enviando));
-  EXPECT_EQ(escritorio.mensajes.textos, (QStringList{"NO HAY ARCHIVOS ABIERTOS",
-                                                     "Seleccione el archivo a "
-                                                     "eliminar"}));
+  EXPECT_EQ(escritorio.mensajes.textos.join('|'),
+            "NO HAY ARCHIVOS ABIERTOS|Seleccione el archivo a eliminar");
   EXPECT_EQ(escritorio.mensajes.titulos[1], "IMPOSIBLE ELIMINAR");
   EXPECT_EQ(Entradas().size(), 3);
 }

@@ -8,7 +8,6 @@ namespace {
 
 class Documentos : public Programa {
  protected:
-  void SetUp() override { Arrancar(); }
   void Guardar() {
     Texto()->DarFoco();
     Texto()->CmdGuardar_Click();
@@ -22,9 +21,7 @@ class Documentos : public Programa {
 
 TEST_F(Documentos, every_byte_comes_back_as_it_was) {
   QByteArray todos;
-  for (int i = 0; i < 256; ++i) {
-    todos += static_cast<char>(i);
-  }
+  for (int i = 0; i < 256; ++i) todos += static_cast<char>(i);
   for (const QByteArray& contenido :
        {QByteArray(), todos, QByteArray("a\r\nb\nc\rd\n\re\r\r\n"), QByteArray("sin final"),
         QByteArray(3, '\0'), QByteArray(10 * 1024 * 1024, 'x')}) {

@@ -13,9 +13,7 @@ class FavoritasDePrograma : public Programa {
     }
   }
   QString Carpeta(const QString& nombre, const std::vector<const char*>& archivos) const {
-    for (const char* archivo : archivos) {
-      Archivo(nombre + '/' + archivo, archivo);
-    }
+    for (const char* archivo : archivos) Archivo(nombre + '/' + archivo, archivo);
     return Ruta(nombre);
   }
   void Favoritas() { principal->ImgMenu_Click(5); }
@@ -24,7 +22,6 @@ class FavoritasDePrograma : public Programa {
 };
 
 TEST_F(FavoritasDePrograma, the_folders_texts_are_listed_in_one_order_and_none_is_selected) {
-  Arrancar();
   Guardadas(
       {Carpeta("uno", {"c.txt", "a.TXT", "nota.md"}), Carpeta("dos", {"b.txt", "A.txt"}) + u'/'});
   Favoritas();
@@ -41,7 +38,6 @@ TEST_F(FavoritasDePrograma, the_folders_texts_are_listed_in_one_order_and_none_i
 }
 
 TEST_F(FavoritasDePrograma, a_file_that_is_listed_and_edited_stays_selected_and_edited) {
-  Arrancar();
   Guardadas({Carpeta("uno", {"a.txt", "m.txt", "z.txt"})});
   Abrir(Ruta("uno/m.txt"));
   Escribir("X");
@@ -54,7 +50,6 @@ TEST_F(FavoritasDePrograma, a_file_that_is_listed_and_edited_stays_selected_and_
 }
 
 TEST_F(FavoritasDePrograma, drives_that_are_not_there_are_counted_in_a_notice_that_goes) {
-  Arrancar();
   const QStringList carpetas{Ruta("sin disco"), Carpeta("uno", {"a.txt"}), Ruta("sin red")};
   Guardadas(carpetas);
   escritorio.unidades.fallos = {{carpetas[0], ENOMEDIUM}, {carpetas[2], ETIMEDOUT}};
@@ -75,7 +70,6 @@ TEST_F(FavoritasDePrograma, drives_that_are_not_there_are_counted_in_a_notice_th
 // What the hidden file list held before is taken again, so it comes back once it was removed.
 TEST_F(FavoritasDePrograma,
        a_folder_that_fails_otherwise_is_not_counted_and_repeats_the_one_before) {
-  Arrancar();
   const QString uno = Carpeta("uno", {"a.txt"});
   Guardadas({Ruta("no existe"), {}});
   Favoritas();
@@ -92,7 +86,6 @@ TEST_F(FavoritasDePrograma,
 }
 
 TEST_F(FavoritasDePrograma, without_folders_the_manager_is_asked_for_unless_a_text_is_new) {
-  Arrancar();
   const QString uno = Carpeta("uno", {"a.txt"});
   principal->ImgMenu_Click(1);
   principal->DarFoco();
@@ -128,7 +121,6 @@ TEST_F(FavoritasDePrograma, the_option_lists_them_at_the_start_or_opens_the_mana
 }
 
 TEST_F(FavoritasDePrograma, the_list_takes_no_more_than_16_bits_count_and_says_so) {
-  Arrancar();
   Guardadas({"/x", "/y"});
   for (int i = 0; i < 32767; ++i) {
     escritorio.unidades.inventadas["/x"]
@@ -154,29 +146,20 @@ TEST(ListaDeVarios, many_at_once_stand_as_if_they_had_come_one_by_one) {
   ListaArchivos varios;
   ListaArchivos uno_a_uno;
   for (ListaArchivos* lista : {&varios, &uno_a_uno}) {
-    for (const char* ruta : {"/a/m.txt", "/a/B.txt", "/b/m.txt"}) {
-      lista->Agregar(ruta);
-    }
+    for (const char* ruta : {"/a/m.txt", "/a/B.txt", "/b/m.txt"}) lista->Agregar(ruta);
     lista->Quitar(0);
   }
-  QStringList nuevas;
-  for (const char* ruta : {"/c/m.txt", "/c/ñ.txt", "/a/m.txt", "/c/b.txt", "/c/M.txt", "/d/m.txt",
-                           "/c/ñ.txt", "/c/z.txt", "/c/A.txt"}) {
-    nuevas << ruta;
-  }
+  const QStringList nuevas{"/c/m.txt", "/c/ñ.txt", "/a/m.txt", "/c/b.txt", "/c/M.txt",
+                           "/d/m.txt", "/c/ñ.txt", "/c/z.txt", "/c/A.txt"};
   const QPersistentModelIndex marcada = varios.index(1, 0);
   const QString ruta_marcada = varios.Rutas(1);
   ASSERT_TRUE(varios.AgregarVarios(nuevas));
   for (const QString& ruta : nuevas) {
-    if (uno_a_uno.Buscar(ruta) < 0) {
-      uno_a_uno.Agregar(ruta);
-    }
+    if (uno_a_uno.Buscar(ruta) < 0) uno_a_uno.Agregar(ruta);
   }
   const auto rutas = [](const ListaArchivos& lista) {
     QStringList todas;
-    for (int i = 0; i < lista.Total(); ++i) {
-      todas << lista.Rutas(i);
-    }
+    for (int i = 0; i < lista.Total(); ++i) todas << lista.Rutas(i);
     return todas;
   };
   EXPECT_EQ(rutas(varios), rutas(uno_a_uno));

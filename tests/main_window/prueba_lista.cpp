@@ -7,11 +7,7 @@ namespace {
 using ListaAbierta = Programa;
 
 TEST_F(ListaAbierta, files_stand_in_order_and_each_opens_its_own) {
-  Arrancar();
-  for (const char* nombre :
-       {"c.txt", "a.txt", "ñu.txt", "B.txt", "nube.txt", "otra/a.txt", "o.txt"}) {
-    Abrir(Archivo(nombre, nombre));
-  }
+  AbrirTodos({"c.txt", "a.txt", "ñu.txt", "B.txt", "nube.txt", "otra/a.txt", "o.txt"});
   EXPECT_EQ(Entradas().join(u' '), "a.txt a.txt B.txt c.txt nube.txt ñu.txt o.txt");
   EXPECT_EQ(Total(), "07");
   for (int i = 0; i < 7; ++i) {
@@ -23,7 +19,6 @@ TEST_F(ListaAbierta, files_stand_in_order_and_each_opens_its_own) {
 }
 
 TEST_F(ListaAbierta, a_second_add_selects_the_entry_and_letter_case_makes_another_file) {
-  Arrancar();
   const QString a = Archivo("a.txt", "a");
   Abrir(a);
   Abrir(Archivo("b.txt", "b"));
@@ -37,7 +32,6 @@ TEST_F(ListaAbierta, a_second_add_selects_the_entry_and_letter_case_makes_anothe
 }
 
 TEST_F(ListaAbierta, a_name_of_more_than_22_characters_is_the_tooltip_letter_by_letter) {
-  Arrancar();
   Abrir(Archivo("<b>&x_78901234567890.txt", {}));
   EXPECT_TRUE(Lista()->toolTip().contains("&lt;b&gt;&amp;x_78901234567890.txt"));
   Abrir(Archivo("veintidos-caracter.txt", {}));
@@ -48,21 +42,18 @@ TEST_F(ListaAbierta, a_name_of_more_than_22_characters_is_the_tooltip_letter_by_
 TEST_F(ListaAbierta, removing_selects_the_entry_above_and_shows_it_once) {
   for (const auto& [quitada, elegida] : {std::pair{0, "1"}, {1, "0"}, {2, "1"}}) {
     Arrancar();
-    for (const char* nombre : {"0", "1", "2"}) {
-      Abrir(Archivo(nombre, nombre));
-    }
+    AbrirTodos({"0", "1", "2"});
     Lista()->Seleccionar(quitada);
     PulsarEntrada();
     TeclaEnLista(Qt::Key_Delete);
     EXPECT_EQ(EnCaja(), elegida) << quitada;
     EXPECT_EQ(Total(), "02");
-    EXPECT_TRUE(QFile::exists(Ruta(QByteArray::number(quitada).constData())));
+    EXPECT_TRUE(QFile::exists(Ruta(QString::number(quitada))));
     Texto()->Cerrar();
   }
 }
 
 TEST_F(ListaAbierta, removing_the_last_entry_leaves_no_file) {
-  Arrancar();
   TeclaEnLista(Qt::Key_Delete);  // nothing there: nothing happens
   Abrir(Archivo("a", "texto"));
   TeclaEnLista(Qt::Key_Delete);
@@ -73,14 +64,13 @@ TEST_F(ListaAbierta, removing_the_last_entry_leaves_no_file) {
 }
 
 TEST_F(ListaAbierta, every_way_of_choosing_the_only_entry_brings_a_closed_text_window_back) {
-  Arrancar();
   Abrir(Archivo("a", "texto"));
   const auto pulsar = [this] {
     const QPoint entrada = Lista()->visualRect(Lista()->model()->index(0, 0)).center();
     QTest::mouseClick(Lista()->viewport(), Qt::LeftButton, {}, entrada);
   };
-  const auto tecla = [this] { TeclaEnLista(Qt::Key_Up); };
-  for (const std::function<void()>& elegir : {std::function<void()>(pulsar), {tecla}}) {
+  for (const std::function<void()>& elegir :
+       {std::function<void()>(pulsar), {[this] { TeclaEnLista(Qt::Key_Up); }}}) {
     Texto()->Cerrar();
     ASSERT_EQ(Texto(), nullptr);
     elegir();
@@ -90,10 +80,7 @@ TEST_F(ListaAbierta, every_way_of_choosing_the_only_entry_brings_a_closed_text_w
 }
 
 TEST_F(ListaAbierta, the_letters_of_a_name_find_it_and_never_reach_its_text) {
-  Arrancar();
-  for (const char* nombre : {"alba", "alfa", "beta"}) {
-    Abrir(Archivo(nombre, nombre));
-  }
+  AbrirTodos({"alba", "alfa", "beta"});
   principal->DarFoco();
   QTest::keyClicks(Lista(), "alf");
   EXPECT_EQ(EnCaja(), "alfa");
@@ -101,7 +88,6 @@ TEST_F(ListaAbierta, the_letters_of_a_name_find_it_and_never_reach_its_text) {
 }
 
 TEST_F(ListaAbierta, choosing_the_file_that_is_shown_keeps_the_edit) {
-  Arrancar();
   Abrir(Archivo("a", "texto"));
   Escribir("X");
   PulsarEntrada();
@@ -110,7 +96,6 @@ TEST_F(ListaAbierta, choosing_the_file_that_is_shown_keeps_the_edit) {
 }
 
 TEST_F(ListaAbierta, a_minimised_text_window_comes_back_normal) {
-  Arrancar();
   Abrir(Archivo("a", {}));
   Texto()->PonerEstado(EstadoVentana::Minimizada);
   PulsarEntrada();

@@ -4,33 +4,32 @@
 
 namespace {
 
-using Menu = Programa;
-
-QWidget* Hijo(FrmMain& ventana, const char* nombre, int indice) {
-  return ventana.findChild<QWidget*>(QString("%1(%2)").arg(nombre).arg(indice));
-}
+class Menu : public Programa {
+ protected:
+  QWidget* Hijo(const char* nombre, int indice) const {
+    return principal->findChild<QWidget*>(QString("%1(%2)").arg(nombre).arg(indice));
+  }
+};
 
 TEST_F(Menu, hovering_names_the_command_and_shows_one_highlight) {
-  Arrancar();
   const QStringList textos{"Abrir",     "Nuevo",        "Borrar",   "Información", "Opciones",
                            "Favoritas", "S.Visible SI", "Anterior", "Siguiente",   "Ayuda"};
   for (int i = 0; i < FrmMain::Iconos; ++i) {
-    QTest::mouseMove(Hijo(*principal, "ImgMenu", i));
+    QTest::mouseMove(Hijo("ImgMenu", i));
     EXPECT_EQ(principal->Titulo(), textos[i]);
     for (int j = 0; j < FrmMain::Iconos; ++j) {
-      EXPECT_EQ(Hijo(*principal, "ImgSel", j)->isVisible(), i == j);
+      EXPECT_EQ(Hijo("ImgSel", j)->isVisible(), i == j);
     }
   }
   principal->Form_MouseMove();
   EXPECT_EQ(principal->Titulo(), "Velda...");
-  EXPECT_FALSE(Hijo(*principal, "ImgSel", 9)->isVisible());
+  EXPECT_FALSE(Hijo("ImgSel", 9)->isVisible());
 }
 
 TEST_F(Menu, a_screen_reader_finds_windows_and_buttons_and_presses_an_icon_from_the_text) {
-  Arrancar();
   Abrir(Archivo("a.txt", "a"));
-  auto* dibujo = QAccessible::queryAccessibleInterface(Hijo(*principal, "ImgSel", 4));
-  auto* icono = QAccessible::queryAccessibleInterface(Hijo(*principal, "ImgMenu", 4));
+  auto* dibujo = QAccessible::queryAccessibleInterface(Hijo("ImgSel", 4));
+  auto* icono = QAccessible::queryAccessibleInterface(Hijo("ImgMenu", 4));
   EXPECT_EQ(QAccessible::queryAccessibleInterface(Texto())->role(), QAccessible::Window);
   EXPECT_EQ(dibujo->role(), QAccessible::Graphic);
   EXPECT_EQ(icono->role(), QAccessible::Button);
@@ -45,7 +44,6 @@ TEST_F(Menu, a_screen_reader_finds_windows_and_buttons_and_presses_an_icon_from_
 }
 
 TEST_F(Menu, activating_the_text_window_or_minimising_ends_the_hover) {
-  Arrancar();
   principal->DarFoco();
   principal->ImgMenu_MouseMove(2);
   Texto()->DarFoco();
@@ -56,7 +54,6 @@ TEST_F(Menu, activating_the_text_window_or_minimising_ends_the_hover) {
 }
 
 TEST_F(Menu, visible_goes_to_and_fro_and_is_named_by_its_state) {
-  Arrancar();
   EXPECT_EQ(escritorio.encima.puestas, (std::vector<bool>{true})) << "the stored wish, once";
   PulsarIcono(6);
   principal->ImgMenu_MouseMove(6);
@@ -68,13 +65,10 @@ TEST_F(Menu, visible_goes_to_and_fro_and_is_named_by_its_state) {
 }
 
 TEST_F(Menu, previous_and_next_do_not_wrap_around) {
-  Arrancar();
   PulsarIcono(8);
   PulsarIcono(7);
   EXPECT_EQ(gral->ArchivoActual, QString()) << "an empty list";
-  for (const char* nombre : {"a", "b"}) {
-    Abrir(Archivo(nombre, nombre));
-  }
+  AbrirTodos({"a", "b"});
   for (const auto& [icono, esperado] :
        {std::pair{8, "b"}, {7, "a"}, {7, "a"}, {8, "b"}, {8, "b"}}) {
     PulsarIcono(icono);
@@ -102,7 +96,6 @@ TEST_F(Menu, open_asks_from_the_last_folder_and_a_cancel_changes_nothing) {
 }
 
 TEST_F(Menu, open_delete_and_options_wait_while_a_new_text_is_under_way) {
-  Arrancar();
   Abrir(Archivo("a", "a"));
   PulsarIcono(1);
   Abrir(Archivo("b", "b"));
@@ -115,7 +108,6 @@ TEST_F(Menu, open_delete_and_options_wait_while_a_new_text_is_under_way) {
 }
 
 TEST_F(Menu, help_is_the_compiled_file_or_else_the_page) {
-  Arrancar();
   gral->RutaPrograma = Ruta("") + u'/';
   PulsarIcono(9);
   Archivo("Ayuda.chm", {});
