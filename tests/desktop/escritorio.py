@@ -303,8 +303,11 @@ class Escritorio:
                     bajar(ventana)
         return hallados
 
+    def nombres(self):
+        return [nombre for _, nombre, _ in self.accesibles()]
+
     def panel_visible(self):
-        return any(nombre == "Guardar cambios..." for _, nombre, _ in self.accesibles())
+        return "Guardar cambios..." in self.nombres()
 
     def entradas(self):
         """The names in the list of files."""

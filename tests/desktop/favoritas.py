@@ -2,12 +2,8 @@
 from escritorio import esperar, esperar_valor, recorrer
 
 
-def nombres(e):
-    return [nombre for _, nombre, _ in e.accesibles()]
-
-
 def esperar_estado(e, linea):
-    esperar(f"the line {linea}", lambda: linea in nombres(e))
+    esperar(f"the line {linea}", lambda: linea in e.nombres())
 
 
 def agregar_primera(e):
@@ -28,7 +24,7 @@ def recorrido(e):
     agregar_primera(e)
     e.pulsar_icono("Favoritas")  # leaving the text window stores the list
     esperar_valor("the list", e.entradas, ["á.txt", "b.TXT"])
-    assert "Añadir carpeta" not in nombres(e), "the manager is still there"
+    assert "Añadir carpeta" not in e.nombres(), "the manager is still there"
     e.teclas("Down")
     e.esperar_texto(carpeta / "á.txt")
     e.cerrar()

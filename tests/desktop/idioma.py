@@ -10,7 +10,7 @@ def recorrido(e):
         nombre.replace("&", "") for papel, nombre, _ in e.accesibles() if papel == "push button"})
     assert "Cancelar" in textos and "Abrir" in textos, textos
     assert not textos & {"Cancel", "Open", "Back", "Parent Directory"}, textos
-    nombres = " ".join(nombre for _, nombre, _ in e.accesibles())
+    nombres = " ".join(e.nombres())
     assert "Documentos de texto" in nombres, nombres
     e.esperar_foco(dialogo)
     e.teclas("Escape")
