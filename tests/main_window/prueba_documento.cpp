@@ -1,7 +1,5 @@
 #include <sys/stat.h>
 
-#include <QInputMethodEvent>
-
 #include "programa.h"
 
 namespace {
@@ -70,14 +68,6 @@ TEST_F(Documentos, a_key_in_the_empty_window_starts_a_new_text) {
   EXPECT_EQ(EnCaja(), "H") << "there is no file to go back to";
   EXPECT_FALSE(Panel());
   QTest::keyClick(Caja(), Qt::Key_Delete);
-  EXPECT_EQ(Titulo(), "Archivo: Nuevo");
-}
-
-TEST_F(Documentos, a_composed_letter_counts_as_typing) {
-  QInputMethodEvent evento;
-  evento.setCommitString("é");
-  QApplication::sendEvent(Caja(), &evento);
-  EXPECT_EQ(EnCaja(), "\xe9");
   EXPECT_EQ(Titulo(), "Archivo: Nuevo");
 }
 

@@ -104,7 +104,7 @@ TEST_F(Menu, open_delete_and_options_wait_while_a_new_text_is_under_way) {
   PulsarIcono(2);
   EXPECT_EQ(Total(), "01");
   PulsarIcono(4);
-  EXPECT_FALSE(SeVe("FraOpciones"));
+  EXPECT_FALSE(gral->VerOpciones);
 }
 
 TEST_F(Menu, help_is_the_compiled_file_or_else_the_page) {

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+#include <QTest>
+
 #include "dobles/escritorio_falso.h"
 #include "shared/carpeta_de_prueba.h"
 #include "text_window/frm_texto.h"
@@ -15,6 +17,15 @@ class MesaTexto : public testing::Test {
     texto = std::make_unique<FrmTexto>(gral, escritorio.Servicios(), principal);
     texto->Mostrar();
     principal.Mostrar();
+  }
+  // The controls that Tab meets, from the one that has the focus.
+  QString Vuelta(int pasos) const {
+    QStringList nombres;
+    for (; pasos > 0; --pasos) {
+      nombres << texto->focusWidget()->objectName();
+      QTest::keyClick(texto->focusWidget(), Qt::Key_Tab);
+    }
+    return nombres.join(u' ');
   }
 
   CarpetaDePrueba carpeta;

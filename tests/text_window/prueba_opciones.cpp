@@ -1,5 +1,3 @@
-#include <QTest>
-
 #include "mesa_texto.h"
 #include "text_window/panel_opciones.h"
 
@@ -192,29 +190,10 @@ TEST_F(LasOpciones, switching_the_wrap_keeps_caret_selection_and_the_first_line_
   }
 }
 
-TEST_F(LasOpciones, while_the_panel_is_open_characters_are_dropped_and_delete_acts) {
-  Abrir();
-  Caja(0).Insertar("abc");
-  AbrirPanel();
-  Caja(0).PonerCursor(0, 0);
-  QTest::keyClicks(&Caja(0), "xy");
-  QTest::keyClick(&Caja(0), Qt::Key_Right);
-  QTest::keyClick(&Caja(0), Qt::Key_Delete);
-  EXPECT_EQ(texto->ElDocumento().Copia(), "ac");
-  Panel().CmdCerrar->click();
-  QTest::keyClicks(&Caja(0), "x");
-  EXPECT_EQ(texto->ElDocumento().Copia(), "axc");
-}
-
 TEST_F(LasOpciones, tab_walks_round_the_panel) {
   Abrir();
   AbrirPanel();
-  QStringList vuelta;
-  for (int i = 0; i < 8; ++i) {
-    vuelta << Panel().focusWidget()->objectName();
-    QTest::keyClick(Panel().focusWidget(), Qt::Key_Tab);
-  }
-  EXPECT_EQ(vuelta.join(u' '),
+  EXPECT_EQ(Vuelta(8),
             "CmdFuente CmdFColor CmdFavoritas ChkConfirmar "
             "ChkFavoritas ChkAjustar CmdCerrar CmdFuente");
 }
