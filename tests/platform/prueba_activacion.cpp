@@ -49,6 +49,8 @@ class Activaciones : public testing::Test {
   static void EsperarActiva(const Ventana& ventana) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return ventana.isActiveWindow(); }));
   }
+  // Until nothing that was asked of the desktop is under way: meanwhile its answers are ignored.
+  static void EsperarCalma() { QTest::qWait(200); }
   QString Notas() { return std::exchange(notas, {}).join(", "); }
   // Shows the modal window and does `que` inside its loop, once it is the desktop's active one.
   QString DuranteModal(const std::function<void()>& que) {
@@ -100,6 +102,7 @@ TEST_F(Activaciones, the_desktop_s_own_activation_moves_it_too) {
 }
 
 TEST_F(Activaciones, nothing_moves_while_a_dialog_is_open) {
+  EsperarCalma();
   {
     const Activacion::DialogoAbierto dialogo(activacion, a);
     b.activateWindow();
@@ -148,6 +151,7 @@ TEST_F(Activaciones, a_modal_one_that_the_user_closes_is_unloaded_at_once) {
 TEST_F(Activaciones, no_other_window_answers_while_a_modal_one_is_open) {
   EXPECT_EQ(DuranteModal([&] {
               EXPECT_EQ(modal.windowHandle()->transientParent(), a.windowHandle());
+              EsperarCalma();
               for (VentanaAnotada* tapada : {&a, &b}) {
                 QTest::mouseClick(tapada->windowHandle(), Qt::LeftButton, {}, {10, 10});
                 tapada->activateWindow();
