@@ -1,5 +1,5 @@
-"""Everything is Spanish whatever the system's language; help goes to the system's opener."""
-from escritorio import TITULO_ABRIR, esperar, esperar_valor, recorrer
+"""Everything is Spanish whatever the system's language."""
+from escritorio import TITULO_ABRIR, esperar, recorrer
 
 
 def recorrido(e):
@@ -15,11 +15,6 @@ def recorrido(e):
     e.esperar_foco(dialogo)
     e.teclas("Escape")
     esperar("the dialog closed", lambda: not e.ventana(TITULO_ABRIR))
-
-    e.pulsar_icono("Ayuda")
-    esperar_valor("the page opened",
-                  lambda: e.direcciones.exists() and e.direcciones.read_text().split(),
-                  [f"file://{e.bin}/Ayuda/Ayuda.htm"])
     e.cerrar()
 
 
