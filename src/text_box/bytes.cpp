@@ -2,140 +2,135 @@
 
 #include <algorithm>
 #include <cstring>
-#include <sys/mman.h>
+#include <iterator>
 #include <utility>
 
 namespace {
 
-constexpr std::size_t Pagina = 4096;
-constexpr std::size_t HuecoInicial = 64 * 1024;
-constexpr std::size_t HuecoGrande = std::size_t{1} << 20;  // from here on its memory is given back
+constexpr std::size_t Apunte = 64 * 1024;  // what is typed lies together
+constexpr std::size_t Margen = std::size_t{1}
+                               << 20;  // so that a file's end is seen without more memory
 
-std::size_t EnPaginas(std::size_t bytes) {
-  return (bytes + Pagina - 1) / Pagina * Pagina;
+bool Sigue(const Trozo& uno, const Trozo& otro) {
+  return uno.almacen == otro.almacen && uno.bytes.data() + uno.bytes.size() == otro.bytes.data();
 }
 
-std::size_t Holgura(std::size_t total) {
-  return std::max(HuecoInicial, total / 16);
+std::vector<Trozo> Sacar(std::vector<Trozo>::iterator desde, std::vector<Trozo>::iterator hasta) {
+  return {std::make_move_iterator(desde), std::make_move_iterator(hasta)};
 }
 
 }  // namespace
 
-Bytes::Bytes(Bytes&& otro) noexcept {
-  *this = std::move(otro);
+void Anadir(std::vector<Trozo>& trozos, Trozo otro) {
+  if (trozos.empty() || !Sigue(trozos.back(), otro)) return trozos.push_back(std::move(otro));
+  std::string_view& bytes = trozos.back().bytes;
+  bytes = {bytes.data(), bytes.size() + otro.bytes.size()};
 }
 
-Bytes& Bytes::operator=(Bytes&& otro) noexcept {
-  std::swap(base_, otro.base_);
-  std::swap(capacidad_, otro.capacidad_);
-  std::swap(fin_, otro.fin_);
-  std::swap(hueco_, otro.hueco_);
-  std::swap(ancho_hueco_, otro.ancho_hueco_);
-  return *this;
+// The piece that holds `pos`; the number of pieces at the end of the text.
+std::size_t Bytes::Indice(Posicion pos) const {
+  const auto siguiente = std::upper_bound(inicios_.begin(), inicios_.end(), pos);
+  return static_cast<std::size_t>(siguiente - inicios_.begin()) - 1;
 }
 
-Bytes::~Bytes() {
-  if (base_ != nullptr) munmap(base_, capacidad_);
+Bytes::Lugar Bytes::Donde(Posicion pos) const {
+  if (trozos_.empty()) return {};
+  const std::size_t indice = std::min(Indice(pos), trozos_.size() - 1);
+  const Posicion inicio = inicios_[indice];
+  return {inicio, inicios_[indice + 1], trozos_[indice].bytes.data() + (pos - inicio)};
 }
 
-std::array<std::string_view, 2> Bytes::Tramos(Posicion desde, Posicion hasta) const {
-  const auto primero = static_cast<std::size_t>(desde);
-  const auto ultimo = static_cast<std::size_t>(hasta);
-  const std::size_t corte = std::clamp(hueco_, primero, ultimo);
-  return {std::string_view(base_ + primero, corte - primero),
-          std::string_view(base_ + corte + ancho_hueco_, ultimo - corte)};
+std::vector<Trozo> Bytes::Trozos(Posicion desde, Posicion hasta) const {
+  std::vector<Trozo> trozos;
+  for (std::size_t i = Indice(desde); desde < hasta; ++i) {
+    const Posicion fin = std::min(hasta, inicios_[i + 1]);
+    const auto delante = static_cast<std::size_t>(desde - inicios_[i]);
+    const auto largo = static_cast<std::size_t>(fin - desde);
+    trozos.push_back({trozos_[i].bytes.substr(delante, largo), trozos_[i].almacen});
+    desde = fin;
+  }
+  return trozos;
+}
+
+std::vector<std::string_view> Bytes::Tramos(Posicion desde, Posicion hasta) const {
+  std::vector<std::string_view> tramos;
+  for (const Trozo& trozo : Trozos(desde, hasta)) tramos.push_back(trozo.bytes);
+  return tramos;
 }
 
 void Bytes::Copiar(Posicion desde, Posicion hasta, char* destino) const {
-  for (const std::string_view tramo : Tramos(desde, hasta))
-    destino = std::copy(tramo.begin(), tramo.end(), destino);
+  while (desde < hasta) {
+    const Lugar lugar = Donde(desde);
+    const Posicion fin = std::min(hasta, lugar.fin);
+    destino = std::copy_n(lugar.datos, fin - desde, destino);
+    desde = fin;
+  }
+}
+
+std::vector<Trozo> Bytes::Sustituir(Posicion pos, Posicion quitados, std::vector<Trozo> nuevos) {
+  const std::size_t desde = Partir(pos);
+  const std::size_t hasta = Partir(pos + quitados);
+  const auto primero = trozos_.begin() + static_cast<std::ptrdiff_t>(desde);
+  const auto ultimo = trozos_.begin() + static_cast<std::ptrdiff_t>(hasta);
+  std::vector<Trozo> viejos = Sacar(primero, ultimo);
+  std::vector<Trozo> resto = Sacar(ultimo, trozos_.end());
+  trozos_.erase(primero, trozos_.end());
+  const std::size_t cambiados = desde == 0 ? 0 : desde - 1;
+  for (Trozo& nuevo : nuevos) Anadir(trozos_, std::move(nuevo));
+  for (Trozo& otro : resto) Anadir(trozos_, std::move(otro));
+  Contar(cambiados);
+  return viejos;
+}
+
+// Makes a piece start at `pos`; its index.
+std::size_t Bytes::Partir(Posicion pos) {
+  const std::size_t indice = Indice(pos);
+  if (indice == trozos_.size() || inicios_[indice] == pos) return indice;
+  Trozo& trozo = trozos_[indice];
+  const auto corte = static_cast<std::size_t>(pos - inicios_[indice]);
+  Trozo detras{trozo.bytes.substr(corte), trozo.almacen};
+  trozo.bytes = trozo.bytes.substr(0, corte);
+  const auto lugar = static_cast<std::ptrdiff_t>(indice) + 1;
+  trozos_.insert(trozos_.begin() + lugar, std::move(detras));
+  inicios_.insert(inicios_.begin() + lugar, pos);
+  return indice + 1;
+}
+
+// Where the pieces start, from number `desde` on.
+void Bytes::Contar(std::size_t desde) {
+  inicios_.resize(trozos_.size() + 1);
+  for (std::size_t i = desde; i < trozos_.size(); ++i) {
+    inicios_[i + 1] = inicios_[i] + static_cast<Posicion>(trozos_[i].bytes.size());
+  }
 }
 
 bool Bytes::Reemplazar(Posicion pos, Posicion quitados, std::string_view nuevos) {
-  const auto direccion = reinterpret_cast<std::uintptr_t>(nuevos.data());
-  const auto base = reinterpret_cast<std::uintptr_t>(base_);
-  if (!nuevos.empty() && direccion - base < fin_) {  // from this text itself
-    Bytes copia;
-    if (!copia.Reemplazar(0, 0, nuevos)) return false;
-    return Reemplazar(pos, quitados, copia.Tramos()[0]);
+  auto guardados = Guardar(nuevos);
+  if (guardados) Sustituir(pos, quitados, std::move(*guardados));
+  return guardados.has_value();
+}
+
+std::optional<std::vector<Trozo>> Bytes::Guardar(std::string_view bytes) {
+  if (bytes.empty()) return std::vector<Trozo>{};
+  if (!apuntes_ || apuntes_->Libre().size() < bytes.size()) {
+    auto otro = Almacen::Hacer(std::max(Apunte, bytes.size()));
+    if (!otro) return std::nullopt;
+    apuntes_ = std::move(otro);
   }
-  if (!Prever(nuevos.size())) return false;
-  const auto inicio = static_cast<std::size_t>(pos);
-  MoverHueco(inicio);
-  if (!nuevos.empty()) std::memcpy(base_ + inicio, nuevos.data(), nuevos.size());
-  hueco_ += nuevos.size();
-  ancho_hueco_ -= nuevos.size();
-  Quitar(static_cast<Posicion>(hueco_), quitados);
-  return true;
-}
-
-void Bytes::Quitar(Posicion pos, Posicion quitados) {
-  if (quitados == 0) return;
-  MoverHueco(static_cast<std::size_t>(pos));
-  ancho_hueco_ += static_cast<std::size_t>(quitados);
-  if (static_cast<std::size_t>(quitados) >= HuecoGrande) SoltarHueco();
-}
-
-bool Bytes::Prever(std::size_t n) {
-  return n <= ancho_hueco_ || Ensanchar(n);
+  char* const donde = apuntes_->Libre().data();
+  std::memcpy(donde, bytes.data(), bytes.size());
+  apuntes_->Usar(bytes.size());
+  return std::vector<Trozo>{{{donde, bytes.size()}, apuntes_}};
 }
 
 std::span<char> Bytes::ReservarFinal(std::size_t n) {
-  const std::size_t hueco = base_ == nullptr ? HuecoInicial : 0;
-  const std::size_t total = fin_ + hueco + n;
-  if (total > capacidad_ && !Abarcar(base_ == nullptr ? total : total + Holgura(total))) return {};
-  if (hueco > 0) fin_ = ancho_hueco_ = hueco;
-  return {base_ + fin_, n};
+  if (!carga_ || carga_->Libre().size() < n) carga_ = Almacen::Hacer(n + Margen);
+  return carga_ ? carga_->Libre().first(n) : std::span<char>{};
 }
 
 void Bytes::ConfirmarFinal(std::size_t n) {
-  fin_ += n;
-}
-
-// Makes the mapping hold at least `total` bytes. What is there keeps its offsets.
-bool Bytes::Abarcar(std::size_t total) {
-  if (total <= capacidad_) return true;
-  const std::size_t nueva = EnPaginas(total);
-  void* donde = base_ == nullptr ? mmap(nullptr, nueva, PROT_READ | PROT_WRITE,
-                                        MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)
-                                 : mremap(base_, capacidad_, nueva, MREMAP_MAYMOVE);
-  if (donde == MAP_FAILED) return false;
-  // Huge pages are cleared whole when first touched: dear for the few bytes that come in.
-  madvise(donde, nueva, MADV_NOHUGEPAGE);
-  base_ = static_cast<char*>(donde);
-  capacidad_ = nueva;
-  return true;
-}
-
-// Makes the gap hold at least `minimo` bytes, and a sixteenth of the text, so that growing byte by
-// byte stays cheap.
-bool Bytes::Ensanchar(std::size_t minimo) {
-  const std::size_t texto = fin_ - ancho_hueco_;
-  const std::size_t ancho = minimo + Holgura(texto + minimo);
-  if (!Abarcar(texto + ancho)) return false;
-  const std::size_t despues = hueco_ + ancho_hueco_;
-  std::memmove(base_ + hueco_ + ancho, base_ + despues, fin_ - despues);
-  fin_ = texto + ancho;
-  ancho_hueco_ = ancho;
-  return true;
-}
-
-void Bytes::MoverHueco(std::size_t pos) {
-  if (pos == hueco_) return;
-  char* const hueco = base_ + hueco_;
-  const std::size_t movidos = pos < hueco_ ? hueco_ - pos : pos - hueco_;
-  if (pos < hueco_) {
-    std::memmove(hueco + ancho_hueco_ - movidos, hueco - movidos, movidos);
-  } else {
-    std::memmove(hueco, hueco + ancho_hueco_, movidos);
-  }
-  hueco_ = pos;
-  if (ancho_hueco_ >= HuecoGrande && movidos >= HuecoGrande) SoltarHueco();
-}
-
-// Gives the gap's whole pages back to the system, but for a little to type into.
-void Bytes::SoltarHueco() {
-  const std::size_t desde = EnPaginas(hueco_ + HuecoInicial);
-  const std::size_t hasta = (hueco_ + ancho_hueco_) / Pagina * Pagina;
-  if (desde < hasta) madvise(base_ + desde, hasta - desde, MADV_DONTNEED);
+  if (n == 0) return;
+  Anadir(trozos_, {{carga_->Libre().data(), n}, carga_});
+  carga_->Usar(n);
+  Contar(trozos_.size() == 1 ? 0 : trozos_.size() - 2);
 }

@@ -1,15 +1,20 @@
-// The text: a gap buffer of bytes in an anonymous mapping.
+// The text: a list of pieces of memory that is written once.
 //
-// The bytes lie in one mapping of small pages with a gap at the place of the last change, so that
-// typing moves nothing. Loading fills the end of the mapping in place; growing moves page tables,
-// not bytes. Memory that a big removal leaves in the gap goes back to the system.
+// What is loaded lies in one piece. What is put in is written behind what was put in before, and
+// becomes a piece of its own, or part of the one it follows. A change cuts pieces and joins them:
+// nowhere is a byte moved, whatever the size of the text and of the change. What is taken out stays
+// in memory as long as undo or the clipboard holds it.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
+
+#include "text_box/almacen.h"
 
 using Posicion = std::int64_t;  // an offset in bytes from the start of the text
 
@@ -20,49 +25,55 @@ struct Cambio {
   Posicion puestos = 0;
 };
 
+// Bytes that stay where they are and as they are while one of these refers to them. Never empty.
+struct Trozo {
+  std::string_view bytes;
+  std::shared_ptr<const Almacen> almacen;
+};
+
 class Bytes {
  public:
-  Bytes() = default;
-  Bytes(Bytes&& otro) noexcept;
-  Bytes& operator=(Bytes&& otro) noexcept;
-  Bytes(const Bytes&) = delete;
-  Bytes& operator=(const Bytes&) = delete;
-  ~Bytes();
+  Posicion Tamano() const { return inicios_.back(); }
+  unsigned char En(Posicion pos) const { return static_cast<unsigned char>(*Donde(pos).datos); }
 
-  Posicion Tamano() const { return static_cast<Posicion>(fin_ - ancho_hueco_); }
-  unsigned char En(Posicion pos) const {  // 0 <= pos < Tamano()
-    const auto i = static_cast<std::size_t>(pos);
-    return static_cast<unsigned char>(base_[i < hueco_ ? i : i + ancho_hueco_]);
-  }
+  // The piece that holds `pos`, the last one at the end of the text: where it starts and ends in
+  // the text, and where `pos` lies in memory. Valid until the next change.
+  struct Lugar {
+    Posicion inicio = 0;
+    Posicion fin = 0;
+    const char* datos = nullptr;
+  };
+  Lugar Donde(Posicion pos) const;
 
-  // The bytes of [desde, hasta) where they lie: one piece before the gap, one behind it; either
-  // may be empty. Valid until the next change.
-  std::array<std::string_view, 2> Tramos(Posicion desde, Posicion hasta) const;
-  std::array<std::string_view, 2> Tramos() const { return Tramos(0, Tamano()); }
+  // The bytes of [desde, hasta) where they lie, in their order. Valid until the next change.
+  std::vector<std::string_view> Tramos(Posicion desde, Posicion hasta) const;
+  std::vector<std::string_view> Tramos() const { return Tramos(0, Tamano()); }
+  std::vector<Trozo> Trozos(Posicion desde, Posicion hasta) const;
   void Copiar(Posicion desde, Posicion hasta, char* destino) const;
 
-  // Replaces the `quitados` bytes from `pos` on by `nuevos`, which may lie in this text itself.
-  // False when the system has no memory left: nothing has changed then. Without new bytes it
-  // never fails.
+  // Replaces the `quitados` bytes from `pos` on; gives what was there.
+  std::vector<Trozo> Sustituir(Posicion pos, Posicion quitados, std::vector<Trozo> nuevos);
+  // The same with `nuevos`, which may lie in this text itself. False when the system has no memory
+  // left: nothing has changed then.
   [[nodiscard]] bool Reemplazar(Posicion pos, Posicion quitados, std::string_view nuevos);
-  void Quitar(Posicion pos, Posicion quitados);
-  // Room for `n` more bytes: inserting up to that many cannot fail afterwards.
-  [[nodiscard]] bool Prever(std::size_t n);
+  // A copy of `bytes` to be put in; no pieces when there are none, nothing when memory is out.
+  [[nodiscard]] std::optional<std::vector<Trozo>> Guardar(std::string_view bytes);
 
   // Loading: room for `n` more bytes at the end (empty span: no memory), then how many were
-  // filled. The gap lies in front, so what is read stays where it was read.
+  // filled.
   std::span<char> ReservarFinal(std::size_t n);
   void ConfirmarFinal(std::size_t n);
 
  private:
-  bool Abarcar(std::size_t total);
-  bool Ensanchar(std::size_t minimo);
-  void MoverHueco(std::size_t pos);
-  void SoltarHueco();
+  std::size_t Indice(Posicion pos) const;
+  std::size_t Partir(Posicion pos);
+  void Contar(std::size_t desde);
 
-  char* base_ = nullptr;
-  std::size_t capacidad_ = 0;    // bytes of the mapping
-  std::size_t fin_ = 0;          // end of what is used: the text and its gap
-  std::size_t hueco_ = 0;        // offset of the gap
-  std::size_t ancho_hueco_ = 0;  // bytes of the gap
+  std::vector<Trozo> trozos_;
+  std::vector<Posicion> inicios_{0};  // of every piece, and the end of the text
+  std::shared_ptr<Almacen> carga_;    // what is loaded is written here,
+  std::shared_ptr<Almacen> apuntes_;  // and what is put in here
 };
+
+// Puts `otro` behind the last of `trozos`: where it goes on in memory, the two become one.
+void Anadir(std::vector<Trozo>& trozos, Trozo otro);

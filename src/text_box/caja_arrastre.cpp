@@ -49,8 +49,9 @@ void CajaTexto::dropEvent(QDropEvent* evento) {
   const Posicion pos = encuadre_.EnPunto(evento->position().toPoint()).pos;
   const bool propio = evento->source() == this || evento->source() == viewport();
   if (propio && evento->dropAction() == Qt::MoveAction) return MoverElegido(pos);
-  const QByteArray bytes = DeFuera(*evento->mimeData(), documento_.FinDeLinea());
-  if (Cambiar(pos, pos, bytes, Agrupacion::Sola)) PonerCursor(pos + bytes.size(), pos);
+  if (Cambiar(pos, pos, Recibir(*evento->mimeData()), Agrupacion::Sola)) {
+    PonerCursor(cursor_.pos, pos);
+  }
   setFocus(Qt::MouseFocusReason);
 }
 
@@ -61,12 +62,12 @@ void CajaTexto::MoverElegido(Posicion pos) {
   const Posicion hasta = Hasta();
   if (pos >= desde && pos <= hasta) return;
   const bool atras = pos < desde;
-  const QByteArray elegido = documento_.Copia(desde, hasta);
-  const QByteArray paso = atras ? documento_.Copia(pos, desde) : documento_.Copia(hasta, pos);
+  const Pieza elegido = documento_.Extracto(desde, hasta);
+  const Pieza paso = atras ? documento_.Extracto(pos, desde) : documento_.Extracto(hasta, pos);
   const Posicion inicio = std::min(pos, desde);
-  if (!Cambiar(inicio, std::max(pos, hasta), atras ? elegido + paso : paso + elegido,
-               Agrupacion::Sola))
-    return;
-  const Posicion llegada = atras ? pos : inicio + paso.size();
-  PonerCursor(llegada + elegido.size(), llegada);
+  const Posicion llegada = atras ? pos : inicio + paso.tamano;
+  if (Cambiar(inicio, std::max(pos, hasta), atras ? Juntar(elegido, paso) : Juntar(paso, elegido),
+              Agrupacion::Sola)) {
+    PonerCursor(llegada + elegido.tamano, llegada);
+  }
 }

@@ -3,37 +3,48 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
-#include <QPointer>
 
 #include "text_box/caja_texto.h"
 #include "text_box/texto_externo.h"
 
-namespace {
-
-constexpr Posicion MayorOferta = 1 << 20;  // bytes that are copied at each selecting
-
-}  // namespace
-
 // False where nothing could be changed.
 bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes,
                         Agrupacion agrupacion) {
-  if (solo_lectura_ || (desde == hasta && bytes.isEmpty())) return false;
+  return Cambiar(desde, hasta, Guardar(bytes), agrupacion);
+}
+
+bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, std::optional<Pieza> nueva,
+                        Agrupacion agrupacion) {
+  if (!nueva || solo_lectura_ || (desde == hasta && nueva->Vacia())) return false;
   if (QAccessible::isActive())
     por_quitar_ = documento_.Copia(desde, std::min(hasta, desde + MaximoLeido));
-  const std::string_view nuevos(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-  if (!documento_.Reemplazar(desde, hasta - desde, nuevos, agrupacion)) {
-    QApplication::beep();  // out of memory
-    return false;
-  }
-  Colocar({desde + bytes.size(), false}, Seleccion::Quitar);
+  const Posicion fin = desde + nueva->tamano;
+  documento_.Reemplazar(desde, hasta - desde, std::move(*nueva), agrupacion);
+  Colocar({fin, false}, Seleccion::Quitar);
   return true;
+}
+
+// Nothing when memory is out, which is heard.
+std::optional<Pieza> CajaTexto::Guardar(const QByteArray& bytes) {
+  auto pieza = documento_.Guardar({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+  if (!pieza) QApplication::beep();
+  return pieza;
+}
+
+// What the clipboard or a drag brings, with the document's line ends. What comes from a box of
+// ours, with these line ends already, is not even copied.
+std::optional<Pieza> CajaTexto::Recibir(const QMimeData& datos) {
+  const std::string_view fin = documento_.FinDeLinea();
+  const auto* propios = qobject_cast<const DatosTexto*>(&datos);
+  if (propios && SoloFin(propios->LaPieza(), fin)) return propios->LaPieza();
+  return Guardar(DeFuera(datos, fin));
 }
 
 void CajaTexto::Borrar(Posicion desde, Posicion hasta) {
   if (HaySeleccion()) {
     Eliminar();
   } else {
-    Cambiar(desde, hasta, {}, Agrupacion::Borrar);
+    Cambiar(desde, hasta, Pieza{}, Agrupacion::Borrar);
   }
 }
 
@@ -58,7 +69,7 @@ void CajaTexto::IrA(const Cambio& cambio) {
 }
 
 void CajaTexto::Eliminar() {
-  Cambiar(Desde(), Hasta(), {}, Agrupacion::Sola);
+  Cambiar(Desde(), Hasta(), Pieza{}, Agrupacion::Sola);
 }
 
 void CajaTexto::Cortar() {
@@ -76,8 +87,7 @@ void CajaTexto::Pegar() {
 }
 
 void CajaTexto::PegarDatos(const QMimeData* datos) {
-  if (solo_lectura_ || !datos) return;
-  Cambiar(Desde(), Hasta(), DeFuera(*datos, documento_.FinDeLinea()), Agrupacion::Sola);
+  if (!solo_lectura_ && datos) Cambiar(Desde(), Hasta(), Recibir(*datos), Agrupacion::Sola);
 }
 
 void CajaTexto::ElegirTodo() {
@@ -93,20 +103,12 @@ void CajaTexto::ElegirTodo() {
 }
 
 QMimeData* CajaTexto::DatosElegidos() const {
-  return new DatosTexto(documento_.Copia(Desde(), Hasta()));
+  return new DatosTexto(documento_.Extracto(Desde(), Hasta()));
 }
 
-// A small selection is offered as it is now; a large one as it is when somebody takes it, so that
-// selecting costs nothing at any size.
 void CajaTexto::OfrecerSeleccion() {
   QClipboard* portapapeles = QApplication::clipboard();
-  if (!HaySeleccion() || !portapapeles->supportsSelection()) return;
-  if (Hasta() - Desde() <= MayorOferta) {
+  if (HaySeleccion() && portapapeles->supportsSelection()) {
     portapapeles->setMimeData(DatosElegidos(), QClipboard::Selection);
-    return;
   }
-  const auto elegidos = [caja = QPointer<const CajaTexto>(this)] {
-    return caja ? caja->documento_.Copia(caja->Desde(), caja->Hasta()) : QByteArray();
-  };
-  portapapeles->setMimeData(new DatosPendientes(elegidos), QClipboard::Selection);
 }

@@ -138,10 +138,10 @@ void CajaTexto::PegarPrimaria(const QPoint& punto) {
   const QMimeData* datos = portapapeles->mimeData(QClipboard::Selection);
   if (!datos) return;
   // Taken before the caret moves: it may be this box's own selection.
-  const QByteArray bytes = DeFuera(*datos, documento_.FinDeLinea());
+  std::optional<Pieza> nueva = Recibir(*datos);
   documento_.CerrarGrupo();
   Colocar(encuadre_.EnPunto(punto), Seleccion::Quitar);
-  Cambiar(cursor_.pos, cursor_.pos, bytes, Agrupacion::Sola);
+  Cambiar(cursor_.pos, cursor_.pos, std::move(nueva), Agrupacion::Sola);
 }
 
 // Whole rows; a touch pad's small turns add up.

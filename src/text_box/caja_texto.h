@@ -120,6 +120,9 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
 
   // caja_edicion.cpp
   bool Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes, Agrupacion agrupacion);
+  bool Cambiar(Posicion desde, Posicion hasta, std::optional<Pieza> nueva, Agrupacion agrupacion);
+  std::optional<Pieza> Guardar(const QByteArray& bytes);
+  std::optional<Pieza> Recibir(const QMimeData& datos);
   void Borrar(Posicion desde, Posicion hasta);
   void Deshacer();
   void Rehacer();

@@ -1,9 +1,7 @@
 #include "text_box/documento.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
-#include <string>
 #include <utility>
 
 #include "text_box/trozos.h"
@@ -25,7 +23,7 @@ void Documento::Poner(std::string_view bytes) {
   Bytes nuevos;
   if (!nuevos.Reemplazar(0, 0, bytes)) return;
   ContadorLineas contador;
-  contador.Agregar(nuevos.Tramos()[0]);
+  for (const std::string_view tramo : nuevos.Tramos()) contador.Agregar(tramo);
   Sustituir(std::move(nuevos), contador.Terminar());
 }
 
@@ -42,64 +40,67 @@ QByteArray Documento::Copia(Posicion desde, Posicion hasta) const {
   return copia;
 }
 
-bool Documento::Reemplazar(Posicion pos, Posicion quitados, std::string_view nuevos,
-                           Agrupacion agrupacion) {
-  if (quitados == 0 && nuevos.empty()) return true;
-  // What is put in may lie in the text and be gone afterwards.
-  const std::array extremos{nuevos.empty() ? '\0' : nuevos.front(),
-                            nuevos.empty() ? '\0' : nuevos.back()};
-  Operacion operacion{pos, static_cast<Posicion>(nuevos.size()), {}, false};
-  if (!Canjear(bytes_, pos, quitados, nuevos, operacion.fuera)) return false;
-  const Cambio cambio{pos, quitados, operacion.dentro};
-  const std::string borrados(operacion.fuera.Vista());
-  historial_.Anotar(
-      std::move(operacion), agrupacion,
-      cambio.puestos > 0 ? std::string_view(extremos.data(), extremos.size()) : borrados, Ahora());
-  Avisar(cambio);
-  return true;
+Pieza Documento::Extracto(Posicion desde, Posicion hasta) const {
+  Pieza pieza{bytes_.Trozos(desde, hasta), hasta - desde, 0, {}};
+  lineas_.Extraer(desde, pieza);
+  return pieza;
 }
 
-void Documento::Avisar(const Cambio& cambio) {
-  lineas_.Reemplazado(cambio);
+std::optional<Pieza> Documento::Guardar(std::string_view bytes) {
+  auto guardados = bytes_.Guardar(bytes);
+  if (!guardados) return std::nullopt;
+  return Pieza{std::move(*guardados), static_cast<Posicion>(bytes.size()), 0, {}};
+}
+
+bool Documento::Reemplazar(Posicion pos, Posicion quitados, std::string_view nuevos,
+                           Agrupacion agrupacion) {
+  auto nueva = Guardar(nuevos);
+  if (nueva) Reemplazar(pos, quitados, std::move(*nueva), agrupacion);
+  return nueva.has_value();
+}
+
+void Documento::Reemplazar(Posicion pos, Posicion quitados, Pieza nueva, Agrupacion agrupacion) {
+  if (quitados == 0 && nueva.Vacia()) return;
+  Historial::Extremos extremos;
+  if (!nueva.Vacia()) extremos = {nueva.Primero(), nueva.Ultimo()};
+  Operacion operacion{pos, 0, {}};
+  const Cambio cambio = Canjear(operacion, quitados, std::move(nueva));
+  if (cambio.puestos == 0) extremos = {operacion.fuera.Primero(), operacion.fuera.Ultimo()};
+  historial_.Anotar(std::move(operacion), agrupacion, extremos, Ahora());
   for (Observador* observador : observadores_) observador->Reemplazado(cambio);
 }
 
+// Puts `nueva` in the place of bytes that the operation keeps then.
+Cambio Documento::Canjear(Operacion& operacion, Posicion quitados, Pieza nueva) {
+  const Cambio cambio{operacion.pos, quitados, nueva.tamano};
+  operacion.fuera = Extracto(cambio.pos, cambio.pos + quitados);
+  operacion.dentro = cambio.puestos;
+  bytes_.Sustituir(cambio.pos, quitados, std::move(nueva.trozos));
+  lineas_.Reemplazado(cambio, nueva);
+  return cambio;
+}
+
 Cambio Documento::Deshacer() {
-  Cambio ultimo{-1, 0, 0};
   CerrarGrupo();
-  bool sigue = true;
-  while (sigue && PuedeDeshacer()) {
-    const Cambio cambio = Invertir(*historial_.PorDeshacer());
-    if (cambio.pos < 0) break;
-    ultimo = cambio;
-    sigue = historial_.Deshecha();
-    Avisar(cambio);
-  }
-  return ultimo;
+  if (!PuedeDeshacer()) return {-1, 0, 0};
+  const Cambio cambio = Invertir(*historial_.PorDeshacer());
+  historial_.Deshecha();
+  for (Observador* observador : observadores_) observador->Reemplazado(cambio);
+  return cambio;
 }
 
 Cambio Documento::Rehacer() {
-  Cambio ultimo{-1, 0, 0};
   CerrarGrupo();
-  bool sigue = true;
-  while (sigue && PuedeRehacer()) {
-    const Cambio cambio = Invertir(*historial_.PorRehacer());
-    if (cambio.pos < 0) break;
-    ultimo = cambio;
-    sigue = historial_.Rehecha();
-    Avisar(cambio);
-  }
-  return ultimo;
+  if (!PuedeRehacer()) return {-1, 0, 0};
+  const Cambio cambio = Invertir(*historial_.PorRehacer());
+  historial_.Rehecha();
+  for (Observador* observador : observadores_) observador->Reemplazado(cambio);
+  return cambio;
 }
 
-// Swaps what is in the text with what is not; pos -1 when memory is out.
+// Swaps what is in the text with what is not.
 Cambio Documento::Invertir(Operacion& operacion) {
-  const Cambio cambio{operacion.pos, operacion.dentro, operacion.fuera.Tamano()};
-  Pieza sacada;
-  if (!Canjear(bytes_, cambio.pos, cambio.quitados, operacion.fuera, sacada)) return {-1, 0, 0};
-  operacion.fuera = std::move(sacada);
-  operacion.dentro = cambio.puestos;
-  return cambio;
+  return Canjear(operacion, operacion.dentro, std::move(operacion.fuera));
 }
 
 std::string_view Documento::FinDeLinea() const {

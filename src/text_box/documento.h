@@ -1,6 +1,7 @@
 // One text with its lines and its undo, shown by any number of views.
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -37,8 +38,15 @@ class Documento {
   QByteArray Copia(Posicion desde, Posicion hasta) const;
   QByteArray Copia() const { return Copia(0, Tamano()); }
 
+  // A stretch of the text as it is now, whatever becomes of the text: nothing is copied for it.
+  Pieza Extracto(Posicion desde, Posicion hasta) const;
+
+  // The same of bytes that are not in the text; nothing when memory is out.
+  std::optional<Pieza> Guardar(std::string_view bytes);
+
   // The one way a text changes. False (nothing changed) when memory is out.
   bool Reemplazar(Posicion pos, Posicion quitados, std::string_view nuevos, Agrupacion agrupacion);
+  void Reemplazar(Posicion pos, Posicion quitados, Pieza nueva, Agrupacion agrupacion);
   void CerrarGrupo() {
     historial_.CerrarGrupo();
   }  // the caret was moved, a pause: the next change starts a new step
@@ -55,8 +63,8 @@ class Documento {
 
  private:
   void Sustituir(Bytes&& bytes, Sumas&& lineas);
+  Cambio Canjear(Operacion& operacion, Posicion quitados, Pieza nueva);
   Cambio Invertir(Operacion& operacion);
-  void Avisar(const Cambio& cambio);
 
   Bytes bytes_;
   Lineas lineas_{bytes_};

@@ -14,21 +14,20 @@ void Pasar(std::vector<Operacion>& desde, std::vector<Operacion>& hasta) {
   desde.pop_back();
 }
 
-enum class Union : std::uint8_t { Ajena, Seguida, Fundida };
-
-// Is `nueva` a continuation of `vieja` in place, and could it become part of it?
-Union Fundir(Operacion& vieja, const Operacion& nueva) {
+// Makes `nueva` part of `vieja` where it goes on in place.
+bool Fundir(Operacion& vieja, Operacion& nueva) {
   if (nueva.fuera.Vacia()) {  // typed behind what was typed
-    if (nueva.pos != vieja.pos + vieja.dentro) return Union::Ajena;
+    if (nueva.pos != vieja.pos + vieja.dentro) return false;
     vieja.dentro += nueva.dentro;
-    return Union::Fundida;
+    return true;
   }
-  if (nueva.dentro > 0 || vieja.dentro > 0) return Union::Ajena;
-  const bool delante = nueva.pos + nueva.fuera.Tamano() == vieja.pos;
-  if (!delante && nueva.pos != vieja.pos) return Union::Ajena;
-  if (!vieja.fuera.Unir(nueva.fuera, delante)) return Union::Seguida;
+  if (nueva.dentro > 0 || vieja.dentro > 0) return false;
+  const bool delante = nueva.pos + nueva.fuera.tamano == vieja.pos;
+  if (!delante && nueva.pos != vieja.pos) return false;
+  vieja.fuera = delante ? Juntar(std::move(nueva.fuera), std::move(vieja.fuera))
+                        : Juntar(std::move(vieja.fuera), std::move(nueva.fuera));
   vieja.pos = nueva.pos;
-  return Union::Fundida;
+  return true;
 }
 
 }  // namespace
@@ -39,34 +38,27 @@ void Historial::Vaciar() {
   CerrarGrupo();
 }
 
-void Historial::Anotar(Operacion operacion, Agrupacion agrupacion, std::string_view bytes,
+void Historial::Anotar(Operacion operacion, Agrupacion agrupacion, Extremos extremos,
                        Momento ahora) {
   deshechas_.clear();
-  Union enlace = Union::Ajena;
-  if (Continua(agrupacion, bytes, ahora)) enlace = Fundir(hechas_.back(), operacion);
-  if (enlace != Union::Fundida) {
-    operacion.enlazada = enlace == Union::Seguida;
-    hechas_.push_back(std::move(operacion));
-  }
+  const bool sigue = Continua(agrupacion, extremos.primero, ahora);
+  if (!sigue || !Fundir(hechas_.back(), operacion)) hechas_.push_back(std::move(operacion));
   abierta_ = agrupacion;
-  ultimo_byte_ = bytes.empty() ? '\0' : bytes.back();
+  ultimo_byte_ = extremos.ultimo;
   ultimo_momento_ = ahora;
 }
 
 // A pause ends a step, and so does the start of a word.
-bool Historial::Continua(Agrupacion agrupacion, std::string_view bytes, Momento ahora) const {
+bool Historial::Continua(Agrupacion agrupacion, char primero, Momento ahora) const {
   if (agrupacion == Agrupacion::Sola || agrupacion != abierta_ || hechas_.empty()) return false;
-  if (ahora - ultimo_momento_ >= Pausa || bytes.empty()) return false;
-  return !EsBlanco(ultimo_byte_) || EsBlanco(bytes.front());
+  if (ahora - ultimo_momento_ >= Pausa) return false;
+  return !EsBlanco(ultimo_byte_) || EsBlanco(primero);
 }
 
-bool Historial::Deshecha() {
-  const bool sigue = hechas_.back().enlazada;
+void Historial::Deshecha() {
   Pasar(hechas_, deshechas_);
-  return sigue;
 }
 
-bool Historial::Rehecha() {
+void Historial::Rehecha() {
   Pasar(deshechas_, hechas_);
-  return !deshechas_.empty() && deshechas_.back().enlazada;
 }

@@ -1,8 +1,7 @@
 // What was done to a text, to be undone and done again.
 //
-// A list of replacements. Each keeps only the bytes that are not in the text: undoing it swaps
-// them with those that are, which turns it into its own opposite. Replacements that belong to one
-// step hang together.
+// A list of replacements, a step each. Each keeps only the bytes that are not in the text: undoing
+// it swaps them with those that are, which turns it into its own opposite.
 #pragma once
 
 #include <chrono>
@@ -20,9 +19,8 @@ enum class Agrupacion : std::uint8_t {
 
 struct Operacion {
   Posicion pos = 0;
-  Posicion dentro = 0;    // its bytes that are in the text, from `pos` on
-  Pieza fuera;            // those that were there instead
-  bool enlazada = false;  // of one step with the operation before
+  Posicion dentro = 0;  // its bytes that are in the text, from `pos` on
+  Pieza fuera;          // those that were there instead
 };
 
 class Historial {
@@ -31,23 +29,26 @@ class Historial {
   static constexpr Momento Pausa{1000};       // after that a new step begins
 
   void Vaciar();
-  // A change that was just made; what was undone is forgotten. `bytes`: those that were typed, or
-  // that were erased.
-  void Anotar(Operacion operacion, Agrupacion agrupacion, std::string_view bytes, Momento ahora);
+  // The first and the last of the bytes that were typed, or that were erased.
+  struct Extremos {
+    char primero = '\0';
+    char ultimo = '\0';
+  };
+  // A change that was just made; what was undone is forgotten.
+  void Anotar(Operacion operacion, Agrupacion agrupacion, Extremos extremos, Momento ahora);
   void CerrarGrupo() { abierta_ = Agrupacion::Sola; }
 
-  // The operations to swap next; null without one. What swapped it says so by Deshecha, Rehecha:
-  // true when the step goes on.
+  // The operations to swap next; null without one. What swapped it says so by Deshecha, Rehecha.
   Operacion* PorDeshacer() { return hechas_.empty() ? nullptr : &hechas_.back(); }
   Operacion* PorRehacer() { return deshechas_.empty() ? nullptr : &deshechas_.back(); }
-  bool Deshecha();
-  bool Rehecha();
+  void Deshecha();
+  void Rehecha();
 
   bool HayHechas() const { return !hechas_.empty(); }
   bool HayDeshechas() const { return !deshechas_.empty(); }
 
  private:
-  bool Continua(Agrupacion agrupacion, std::string_view bytes, Momento ahora) const;
+  bool Continua(Agrupacion agrupacion, char primero, Momento ahora) const;
 
   std::vector<Operacion> hechas_;
   std::vector<Operacion> deshechas_;

@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr Posicion Grande = 64;  // blocks; fewer are counted again
+
 std::int64_t Contar(const Trozos& texto, Posicion desde, Posicion hasta) {
   std::int64_t cuenta = 0;
   while (desde < hasta) {
@@ -56,9 +58,9 @@ Posicion UltimoInicio(const Trozos& texto, Posicion desde, Posicion hasta) {
   return -1;
 }
 
-std::vector<Sumas::Bloque> Cortar(const Trozos& texto, Posicion desde, Posicion hasta,
-                                  Posicion bloque) {
-  std::vector<Sumas::Bloque> bloques;
+// Cuts [desde, hasta) into blocks and counts them.
+void Cortar(const Trozos& texto, Posicion desde, Posicion hasta, Posicion bloque,
+            std::vector<Sumas::Bloque>& bloques) {
   const Posicion cuantos = hasta - desde <= 2 * bloque ? 1 : (hasta - desde) / bloque;
   const Posicion paso = (hasta - desde + cuantos - 1) / cuantos;
   for (; desde < hasta; desde += paso) {
@@ -66,7 +68,6 @@ std::vector<Sumas::Bloque> Cortar(const Trozos& texto, Posicion desde, Posicion 
     bloques.push_back({static_cast<std::uint32_t>(fin - desde),
                        static_cast<std::uint32_t>(Contar(texto, desde, fin))});
   }
-  return bloques;
 }
 
 }  // namespace
@@ -117,7 +118,7 @@ void Lineas::Adoptar(Sumas sumas) {
   sumas_ = std::move(sumas);
 }
 
-void Lineas::Reemplazado(const Cambio& cambio) {
+void Lineas::Reemplazado(const Cambio& cambio, const Pieza& puesta) {
   const Posicion antes = std::max<Posicion>(cambio.pos - 1, 0);  // a CR there looks ahead
   const Posicion ultimo = std::max(cambio.pos + cambio.quitados - 1, antes);
   std::size_t desde = sumas_.PorPosicion(antes).bloque;
@@ -132,11 +133,30 @@ void Lineas::Reemplazado(const Cambio& cambio) {
     }
   }
   const Posicion inicio = sumas_.Donde(desde).bytes;
-  const std::vector<Sumas::Bloque> nuevos =
-      largo() == 0 ? std::vector<Sumas::Bloque>{}
-                   : Cortar(Trozos(*texto_), inicio, inicio + largo(), bloque_);
+  const Posicion fin = inicio + largo();
+  const Trozos texto(*texto_);
+  std::vector<Sumas::Bloque> nuevos;
+  Posicion contado = inicio;
+  if (!puesta.bloques.empty()) {
+    const Posicion conocido = cambio.pos + puesta.antes_de_bloques;
+    Cortar(texto, inicio, conocido, bloque_, nuevos);
+    nuevos.insert(nuevos.end(), puesta.bloques.begin(), puesta.bloques.end());
+    contado = conocido;
+    for (const Sumas::Bloque& bloque : puesta.bloques) contado += bloque.bytes;
+  }
+  Cortar(texto, contado, fin, bloque_, nuevos);
   empalme_ = {desde, hasta - desde, nuevos.size()};
   sumas_.Sustituir(desde, hasta, nuevos);
+}
+
+// Whole blocks; the last one's count may depend on what comes behind the piece.
+void Lineas::Extraer(Posicion desde, Pieza& pieza) const {
+  if (pieza.tamano < Grande * bloque_) return;
+  const std::size_t primero = sumas_.PorPosicion(desde).bloque + 1;
+  const std::size_t ultimo = sumas_.PorPosicion(desde + pieza.tamano - 1).bloque;
+  if (primero >= ultimo) return;
+  pieza.antes_de_bloques = sumas_.Donde(primero).bytes - desde;
+  for (std::size_t i = primero; i < ultimo; ++i) pieza.bloques.push_back(sumas_.En(i));
 }
 
 std::int64_t Lineas::Linea(Posicion pos) const {

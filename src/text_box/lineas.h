@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "text_box/bytes.h"
+#include "text_box/pieza.h"
 #include "text_box/sumas.h"
 
 // Counts a text's line ends as it comes in, piece after piece, while it is in the cache.
@@ -32,9 +33,12 @@ class Lineas {
   // `bloque`: bytes of a block; split above twice that, joined below a quarter.
   explicit Lineas(const Bytes& texto, int bloque = 4096);
 
-  void Recontar();                         // the text is another
-  void Adoptar(Sumas sumas);               // the same, already counted
-  void Reemplazado(const Cambio& cambio);  // after the text has changed
+  void Recontar();            // the text is another
+  void Adoptar(Sumas sumas);  // the same, already counted
+  // After the text has changed; `puesta`: what came in, if its lines may be known.
+  void Reemplazado(const Cambio& cambio, const Pieza& puesta = {});
+  // Gives a large piece of the text, from `desde` on, what is known of its lines.
+  void Extraer(Posicion desde, Pieza& pieza) const;
 
   std::int64_t Total() const { return sumas_.Cuenta() + 1; }
   std::int64_t Linea(Posicion pos) const;     // number of the line that holds `pos`, from 0

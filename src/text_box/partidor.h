@@ -39,8 +39,7 @@ class Partidor {
     Punto x = 0;
     Posicion tras_tab = 0;  // after its last tab
   };
-  inline Posicion Romper(const Trozos& texto, Posicion inicio, Posicion libres,
-                         Posicion& despejado) const;
+  Posicion Romper(const Trozos& texto, Posicion inicio, Posicion libres) const;
   inline bool Sobra(unsigned char byte, const Fila& fila) const;
   inline bool Llenar(const Trozos& texto, Fila& fila, std::size_t n) const;
   inline static Posicion Cortar(const Trozos& texto, const Fila& fila);

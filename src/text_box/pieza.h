@@ -1,38 +1,25 @@
-// Bytes that were taken out of a text, kept to be put back.
+// A stretch of a text, to be put in again: what undo keeps, what is copied.
 //
-// A big piece lies in a mapping of its own and moves there and back bit by bit, so that its bytes
-// are never in memory twice.
+// It refers to the text's own memory: taking and putting costs the same at any size.
 #pragma once
 
-#include <memory>
-#include <string>
-#include <string_view>
+#include <vector>
 
 #include "text_box/bytes.h"
+#include "text_box/sumas.h"
 
-class Pieza {
- public:
-  Posicion Tamano() const;
-  bool Vacia() const { return Tamano() == 0; }
-  // The bytes of a small piece; those of a big one are not to be had.
-  std::string_view Vista() const { return chica_; }
+struct Pieza {
+  std::vector<Trozo> trozos;
+  Posicion tamano = 0;
+  // Of a large one: its lines, which were counted already. Blocks of them lie behind one another
+  // from `antes_de_bloques` on, up to somewhere before its end.
+  Posicion antes_de_bloques = 0;
+  std::vector<Sumas::Bloque> bloques;
 
-  // Takes [pos, pos + cuantos) out of the text. False when memory is out: nothing has changed.
-  [[nodiscard]] bool Sacar(Bytes& texto, Posicion pos, Posicion cuantos);
-  // Puts its bytes into the text and is empty afterwards; as above.
-  [[nodiscard]] bool Meter(Bytes& texto, Posicion pos);
-
-  // Joins another small piece to this small one; false when they would no longer be small.
-  bool Unir(const Pieza& otra, bool delante);
-
- private:
-  std::string chica_;
-  std::unique_ptr<Bytes> grande_;
+  bool Vacia() const { return tamano == 0; }
+  char Primero() const { return trozos.front().bytes.front(); }
+  char Ultimo() const { return trozos.back().bytes.back(); }
 };
 
-// Replaces bytes of the text by others and keeps the old ones. False when memory is out: nothing
-// has changed then.
-[[nodiscard]] bool Canjear(Bytes& texto, Posicion pos, Posicion quitados, std::string_view nuevos,
-                           Pieza& sacada);
-[[nodiscard]] bool Canjear(Bytes& texto, Posicion pos, Posicion quitados, Pieza& nueva,
-                           Pieza& sacada);
+// What is in `primera`, then what is in `segunda`; their lines are left out.
+Pieza Juntar(Pieza primera, Pieza segunda);

@@ -5,7 +5,11 @@
 #include <cstring>
 #include <string_view>
 
+#include "text_box/rastreo.h"
+
 namespace {
+
+constexpr std::int32_t DemasiadoAncho = 1 << 27;  // two million pixels; eight of them fit 32 bits
 
 // Sums of two bytes from the table; eight bytes are one read of the text.
 std::int32_t SumarDos(const Pluma::Pares& pares, const unsigned char* bytes) {
@@ -32,9 +36,9 @@ Punto SumarDieciseis(const Pluma::Pares& pares, const unsigned char* bytes) {
 
 // How many of eight bytes move the pen to no more than `limite`; `x` is moved along with them.
 // Where a row ends is as good as chance: all eight are looked at, without a branch.
-std::size_t CaberOcho(const Pluma::Pares& pares, const std::array<std::int32_t, 256>& ancho,
+std::size_t CaberOcho(const Pluma::Pares& pares, const Pluma::Solos& solos,
                       const unsigned char* bytes, Punto limite, Punto& x) {
-  const auto resto = static_cast<std::int32_t>(std::min<Punto>(limite - x, INT32_MAX));
+  const auto resto = static_cast<std::int32_t>(std::min<Punto>(limite - x, DemasiadoAncho - 1));
   std::int32_t suma = 0;
   std::int32_t dentro = 0;
   std::size_t caben = 0;
@@ -43,7 +47,7 @@ std::size_t CaberOcho(const Pluma::Pares& pares, const std::array<std::int32_t, 
     dentro = hasta <= resto ? hasta : dentro;
   };
   for (std::size_t i = 0; i < 8; i += 2) {
-    mirar(suma + ancho[bytes[i]]);
+    mirar(suma + solos[bytes[i]]);
     mirar(suma += SumarDos(pares, bytes + i));
   }
   x += dentro;
@@ -51,16 +55,10 @@ std::size_t CaberOcho(const Pluma::Pares& pares, const std::array<std::int32_t, 
 }
 
 // A pair of bytes as it is read from the text, in this machine's order: the sum is the same.
-std::shared_ptr<const Pluma::Pares> SumarPares(const std::array<std::int32_t, 256>& ancho) {
+std::shared_ptr<const Pluma::Pares> SumarPares(const Pluma::Solos& solos) {
   auto pares = std::make_shared<Pluma::Pares>();
-  for (std::size_t i = 0; i < pares->size(); ++i) {
-    (*pares)[i] = ancho[i & 0xff] + ancho[i >> 8];
-  }
+  for (std::size_t i = 0; i < pares->size(); ++i) (*pares)[i] = solos[i & 0xff] + solos[i >> 8];
   return pares;
-}
-
-bool SinAnchoPropio(std::size_t byte) {
-  return byte == '\t' || byte == '\n' || byte == '\r';
 }
 
 }  // namespace
@@ -70,14 +68,17 @@ Pluma::Pluma() {
   pares_ = ceros;
 }
 
-Pluma::Pluma(const Avances& avances) : avances_(avances) {
+Pluma::Pluma(const Avances& avances) : avances_(avances), solos_(avances.ancho) {
   uniforme_ = avances.ancho[0] > 0;
-  for (std::size_t i = 0; i < avances.ancho.size(); ++i) {
-    if (SinAnchoPropio(i)) continue;
-    maximo_ = std::max<Punto>(maximo_, avances.ancho[i]);
-    uniforme_ = uniforme_ && avances.ancho[i] == avances.ancho[0];
+  for (std::size_t i = 0; i < solos_.size(); ++i) {
+    if (EsEspecial(static_cast<unsigned char>(i))) {
+      solos_[i] = DemasiadoAncho;
+      continue;
+    }
+    maximo_ = std::max<Punto>(maximo_, solos_[i]);
+    uniforme_ = uniforme_ && solos_[i] == solos_[0];
   }
-  if (!uniforme_) pares_ = SumarPares(avances.ancho);
+  if (!uniforme_) pares_ = SumarPares(solos_);
 }
 
 Punto Pluma::Sumar(const unsigned char* bytes, std::size_t n) const {
@@ -87,7 +88,7 @@ Punto Pluma::Sumar(const unsigned char* bytes, std::size_t n) const {
   for (; i + 8 <= n; i += 8) suma += SumarOcho(*pares_, bytes + i);
   if ((n & 4) != 0) suma += SumarCuatro(*pares_, bytes + i);
   if ((n & 2) != 0) suma += SumarDos(*pares_, bytes + (n & ~std::size_t{3}));
-  if ((n & 1) != 0) suma += avances_.ancho[bytes[n - 1]];
+  if ((n & 1) != 0) suma += solos_[bytes[n - 1]];
   return suma;
 }
 
@@ -96,9 +97,9 @@ std::size_t Pluma::Caber(const unsigned char* bytes, std::size_t n, Punto limite
   if (uniforme_) {
     const Punto resto = limite - x;
     if (resto < maximo_) return 0;
-    const std::size_t caben = std::min(n, static_cast<std::size_t>(resto / maximo_));
-    x += static_cast<Punto>(caben) * maximo_;
-    return caben;
+    n = HastaEspecial(bytes, std::min(n, static_cast<std::size_t>(resto / maximo_)));
+    x += static_cast<Punto>(n) * maximo_;
+    return n;
   }
   std::size_t i = 0;
   for (; i + 16 <= n && limite - x >= 8 * maximo_; i += 16) {
@@ -107,11 +108,11 @@ std::size_t Pluma::Caber(const unsigned char* bytes, std::size_t n, Punto limite
     x += suma;
   }
   while (i + 8 <= n) {
-    const std::size_t caben = CaberOcho(*pares_, avances_.ancho, bytes + i, limite, x);
+    const std::size_t caben = CaberOcho(*pares_, solos_, bytes + i, limite, x);
     i += caben;
     if (caben < 8) return i;
   }
-  for (; i < n && x + Ancho(bytes[i]) <= limite; ++i) x += Ancho(bytes[i]);
+  for (; i < n && x + solos_[bytes[i]] <= limite; ++i) x += solos_[bytes[i]];
   return i;
 }
 

@@ -1,6 +1,5 @@
 // Moves a pen along bytes: a table of advances made ready for summing over long stretches.
 //
-// Everything here is about text without line ends.
 #pragma once
 
 #include <array>
@@ -13,6 +12,8 @@
 
 class Pluma {
  public:
+  // What has no width of its own, a tab or a line end, is wider than any row here.
+  using Solos = std::array<std::int32_t, 256>;
   using Pares = std::array<std::int32_t, 1 << 16>;  // the sum of two bytes that stand together
 
   Pluma();  // every byte has no width
@@ -26,10 +27,11 @@ class Pluma {
 
   // The sum over `n` bytes, none of them a tab.
   Punto Sumar(const unsigned char* bytes, std::size_t n) const;
-  // How many of `n` bytes, none of them a tab, move the pen to no more than `limite`; `x` is
-  // moved along with them.
+  // How many of `n` bytes, up to the first tab or line end, move the pen to no more than `limite`;
+  // `x` is moved along with them.
   std::size_t Caber(const unsigned char* bytes, std::size_t n, Punto limite, Punto& x) const;
 
+  // What follows is about text without line ends.
   // The pen at `hasta` when it is at `x` at `desde`.
   Punto Medir(const Trozos& texto, Posicion desde, Posicion hasta, Punto x) const;
   // The last position of [desde, hasta] where the pen is not beyond `limite`, when it is at `x`
@@ -43,6 +45,7 @@ class Pluma {
 
  private:
   Avances avances_;
+  Solos solos_{};
   std::shared_ptr<const Pares> pares_;  // only where widths differ
   Punto maximo_ = 0;
   bool uniforme_ = false;  // all bytes but tab, LF and CR are equally wide, and not 0

@@ -1,6 +1,7 @@
 #include "text_box/rastreo.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #ifdef __SSE2__
@@ -14,6 +15,12 @@ namespace {
 std::uint64_t Iguales(__m128i dieciseis, char byte) {
   return static_cast<std::uint64_t>(
       _mm_movemask_epi8(_mm_cmpeq_epi8(dieciseis, _mm_set1_epi8(byte))));
+}
+
+// A bit for each of sixteen bytes.
+std::uint64_t Especiales(const unsigned char* bytes) {
+  const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+  return Iguales(v, '\n') | Iguales(v, '\r') | Iguales(v, '\t');
 }
 
 Mascaras MirarTodos(const unsigned char* bytes) {
@@ -31,6 +38,12 @@ Mascaras MirarTodos(const unsigned char* bytes) {
 }
 
 #else
+
+std::uint64_t Especiales(const unsigned char* bytes) {
+  std::uint64_t bits = 0;
+  for (int i = 0; i < 16; ++i) bits |= std::uint64_t{EsEspecial(bytes[i])} << i;
+  return bits;
+}
 
 Mascaras MirarTodos(const unsigned char* bytes) {
   Mascaras mascaras;
@@ -71,6 +84,17 @@ Mascaras Mirar(const Trozos& texto, Posicion pos, std::size_t n) {
   }
   const std::uint64_t validos = (std::uint64_t{1} << n) - 1;
   return {mascaras.lf & validos, mascaras.cr & validos, mascaras.tab & validos};
+}
+
+std::size_t HastaEspecial(const unsigned char* bytes, std::size_t n) {
+  if (n < 16) {
+    return static_cast<std::size_t>(std::find_if(bytes, bytes + n, EsEspecial) - bytes);
+  }
+  for (std::size_t i = 0;; i = std::min(i + 16, n - 16)) {
+    const std::uint64_t especiales = Especiales(bytes + i);
+    if (especiales != 0) return i + static_cast<std::size_t>(std::countr_zero(especiales));
+    if (i == n - 16) return n;
+  }
 }
 
 std::int64_t ContarFines(std::string_view bytes, int siguiente) {

@@ -13,7 +13,7 @@ struct Mascaras {
   std::uint64_t cr = 0;
   std::uint64_t tab = 0;
 };
-// The `n` bytes from `pos` on, 0 < n <= 64, which do not reach over the gap.
+// The `n` bytes from `pos` on, 0 < n <= 64, all of one piece.
 Mascaras Mirar(const Trozos& texto, Posicion pos, std::size_t n);
 
 // The bytes with which line ends are complete: every LF, and every CR that no LF follows.
@@ -22,6 +22,12 @@ inline std::uint64_t Fines(const Mascaras& mascaras, std::size_t n, int siguient
   const std::uint64_t tras = std::uint64_t{siguiente == '\n'} << (n - 1);
   return mascaras.lf | (mascaras.cr & ~(mascaras.lf >> 1 | tras));
 }
+
+constexpr bool EsEspecial(unsigned char byte) {
+  return byte == '\n' || byte == '\r' || byte == '\t';
+}
+// How many of the `n` bytes stand before the first tab or line end.
+std::size_t HastaEspecial(const unsigned char* bytes, std::size_t n);
 
 // How many line ends are complete in `bytes`, with `siguiente` as above.
 std::int64_t ContarFines(std::string_view bytes, int siguiente);

@@ -16,18 +16,43 @@ bool EsFin(char byte) {
 
 // `bytes` with each line end as `fin`.
 QByteArray ConFinales(const QByteArray& bytes, QByteArrayView fin) {
-  QByteArray salida;
-  salida.reserve(bytes.size());
+  const qsizetype fines = std::count_if(bytes.begin(), bytes.end(), EsFin);
+  QByteArray salida(bytes.size() + fines * (fin.size() - 1), Qt::Uninitialized);
+  char* donde = salida.data();
   const char* desde = bytes.constBegin();
   const char* const tope = bytes.constEnd();
-  for (;;) {
-    const char* hasta = std::find_if(desde, tope, EsFin);
-    salida.append(desde, hasta - desde);
-    if (hasta == tope) return salida;
-    salida.append(fin);
-    const bool par = hasta[0] == '\r' && hasta + 1 != tope && hasta[1] == '\n';
-    desde = hasta + (par ? 2 : 1);
+  while (desde != tope) {
+    const char byte = *desde++;
+    if (!EsFin(byte)) {
+      *donde++ = byte;
+      continue;
+    }
+    if (byte == '\r' && desde != tope && *desde == '\n') ++desde;
+    donde = std::copy(fin.begin(), fin.end(), donde);
   }
+  salida.truncate(donde - salida.constData());
+  return salida;
+}
+
+QByteArray Copia(const Pieza& pieza) {
+  QByteArray bytes;
+  bytes.reserve(pieza.tamano);
+  for (const Trozo& trozo : pieza.trozos) {
+    bytes.append(trozo.bytes.data(), static_cast<qsizetype>(trozo.bytes.size()));
+  }
+  return bytes;
+}
+
+// Is every LF right behind a CR, and nothing else?
+bool SoloPares(const Pieza& pieza) {
+  char anterior = '\0';
+  for (const Trozo& trozo : pieza.trozos) {
+    for (const char byte : trozo.bytes) {
+      if ((byte == '\n') != (anterior == '\r')) return false;
+      anterior = byte;
+    }
+  }
+  return anterior != '\r';
 }
 
 QByteArrayView Vista(std::string_view bytes) {
@@ -53,7 +78,7 @@ QByteArray DeFuera(const QString& texto, std::string_view fin_de_linea) {
 
 QByteArray DeFuera(const QMimeData& datos, std::string_view fin_de_linea) {
   const auto* propios = qobject_cast<const DatosTexto*>(&datos);
-  return propios ? ConFinales(propios->Crudo(), Vista(fin_de_linea))
+  return propios ? ConFinales(Copia(propios->LaPieza()), Vista(fin_de_linea))
                  : DeFuera(datos.text(), fin_de_linea);
 }
 
@@ -62,20 +87,20 @@ QString ParaFuera(const QByteArray& bytes) {
   return PaginaCodigos::ATexto(ConFinales(bytes, "\n"));
 }
 
-QStringList DatosPendientes::formats() const {
-  return {TextoLlano};
-}
-
-QVariant DatosPendientes::retrieveData(const QString& formato, QMetaType /*tipo*/) const {
-  return formato == TextoLlano ? QVariant(ParaFuera(bytes_())) : QVariant();
-}
-
 QStringList DatosTexto::formats() const {
   return {TextoLlano};
 }
 
 QVariant DatosTexto::retrieveData(const QString& formato, QMetaType /*tipo*/) const {
-  return formato == TextoLlano ? QVariant(ParaFuera(bytes_)) : QVariant();
+  return formato == TextoLlano ? QVariant(ParaFuera(Copia(pieza_))) : QVariant();
+}
+
+bool SoloFin(const Pieza& pieza, std::string_view fin) {
+  if (fin.size() == 2) return SoloPares(pieza);
+  const char otro = fin == "\n" ? '\r' : '\n';
+  return std::ranges::none_of(pieza.trozos, [otro](const Trozo& trozo) {
+    return trozo.bytes.find(otro) != std::string_view::npos;
+  });
 }
 
 bool TraeTexto(const QMimeData* datos) {

@@ -1,30 +1,30 @@
-// The two pieces in which a text lies in memory, addressed by position.
+// The pieces in which a text lies in memory, addressed by position. Valid until the text changes.
 #pragma once
 
 #include "text_box/bytes.h"
 
 class Trozos {
  public:
-  explicit Trozos(const Bytes& texto) {
-    const auto [antes, despues] = texto.Tramos();
-    corte_ = static_cast<Posicion>(antes.size());
-    total_ = corte_ + static_cast<Posicion>(despues.size());
-    antes_ = reinterpret_cast<const unsigned char*>(antes.data());
-    despues_ = reinterpret_cast<const unsigned char*>(despues.data());
-  }
+  explicit Trozos(const Bytes& texto) : texto_(&texto), total_(texto.Tamano()) {}
 
   Posicion Total() const { return total_; }
   unsigned char En(Posicion pos) const { return *Desde(pos); }
-  // The bytes from `pos` on, contiguous up to FinTrozo(pos). 0 <= pos < Total().
+  // The bytes from `pos` on, contiguous up to FinTrozo(pos). 0 <= pos <= Total().
   const unsigned char* Desde(Posicion pos) const {
-    return pos < corte_ ? antes_ + pos : despues_ + (pos - corte_);
+    Ir(pos);
+    return base_ + (pos - inicio_);
   }
-  Posicion FinTrozo(Posicion pos) const { return pos < corte_ ? corte_ : total_; }
-
-  Posicion InicioTrozo(Posicion pos) const { return pos < corte_ ? 0 : corte_; }
+  Posicion FinTrozo(Posicion pos) const {
+    Ir(pos);
+    return inicio_ + static_cast<Posicion>(largo_);
+  }
+  Posicion InicioTrozo(Posicion pos) const {
+    Ir(pos);
+    return inicio_;
+  }
   // The byte at `pos`, -1 at the end.
   int EnOFin(Posicion pos) const { return pos < total_ ? En(pos) : -1; }
-  // The bytes from `pos` up to `hasta`, or up to the gap.
+  // The bytes from `pos` up to `hasta`, or up to the end of the piece.
   std::string_view Tramo(Posicion pos, Posicion hasta) const {
     const Posicion fin = FinTrozo(pos) < hasta ? FinTrozo(pos) : hasta;
     return {reinterpret_cast<const char*>(Desde(pos)), static_cast<std::size_t>(fin - pos)};
@@ -48,8 +48,21 @@ class Trozos {
   }
 
  private:
-  const unsigned char* antes_ = nullptr;
-  const unsigned char* despues_ = nullptr;
-  Posicion corte_ = 0;
-  Posicion total_ = 0;
+  // One piece is looked at for long before the next one is.
+  void Ir(Posicion pos) const {
+    const bool dentro = static_cast<std::uint64_t>(pos - inicio_) < largo_;  // nor before it
+    if (!dentro) Buscar(pos);
+  }
+  void Buscar(Posicion pos) const {
+    const Bytes::Lugar lugar = texto_->Donde(pos);
+    inicio_ = lugar.inicio;
+    largo_ = static_cast<std::uint64_t>(lugar.fin - lugar.inicio);
+    base_ = reinterpret_cast<const unsigned char*>(lugar.datos) - (pos - inicio_);
+  }
+
+  const Bytes* texto_;
+  Posicion total_;
+  mutable const unsigned char* base_ = nullptr;
+  mutable Posicion inicio_ = 0;
+  mutable std::uint64_t largo_ = 0;
 };

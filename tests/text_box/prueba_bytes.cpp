@@ -3,7 +3,6 @@
 
 #include "text_box/bytes.h"
 #include "text_box/lineas.h"
-#include "text_box/pieza.h"
 
 namespace {
 
@@ -21,8 +20,8 @@ Bytes Con(std::string_view contenido) {
 
 TEST(Bytes, text_put_in_from_itself_is_what_it_was_before) {
   Bytes bytes = Con("abcdef");
-  ASSERT_TRUE(bytes.Reemplazar(3, 0, "-"));  // the gap lies behind it now
-  ASSERT_TRUE(bytes.Reemplazar(1, 2, bytes.Tramos(4, 7)[1]));
+  ASSERT_TRUE(bytes.Reemplazar(3, 0, "-"));
+  ASSERT_TRUE(bytes.Reemplazar(1, 2, bytes.Tramos(4, 7)[0]));
   EXPECT_EQ(Todo(bytes), "adef-def");
 }
 
@@ -40,23 +39,28 @@ TEST(Bytes, loading_goes_on_behind_what_was_edited) {
 
 TEST(Bytes, memory_that_is_not_to_be_had_changes_nothing) {
   Bytes bytes = Con("abc");
-  EXPECT_FALSE(bytes.Prever(std::size_t{1} << 60));
   EXPECT_TRUE(bytes.ReservarFinal(std::size_t{1} << 60).empty());
   EXPECT_EQ(Todo(bytes), "abc");
 }
 
-TEST(Pieza, a_big_piece_comes_back_byte_for_byte) {
-  std::string texto(5'000'000, '\0');
-  for (std::size_t i = 0; i < texto.size(); ++i) texto[i] = static_cast<char>(i * i >> 7);
-  Bytes bytes = Con(texto);
-  Pieza sacada;
-  ASSERT_TRUE(Canjear(bytes, 1000, 4'900'001, "nuevo", sacada));
-  EXPECT_EQ(Todo(bytes), texto.substr(0, 1000) + "nuevo" + texto.substr(4'901'001));
-  Pieza nuevo;
-  ASSERT_TRUE(Canjear(bytes, 1000, 5, sacada, nuevo));
-  EXPECT_EQ(Todo(bytes), texto);
-  EXPECT_EQ(nuevo.Vista(), "nuevo");
-  EXPECT_TRUE(sacada.Vacia());
+TEST(Bytes, pieces_that_meet_again_become_one) {
+  Bytes bytes = Con("uno dos tres");
+  std::vector<Trozo> sacados = bytes.Sustituir(4, 4, {});
+  EXPECT_EQ(bytes.Tramos().size(), 2);
+  EXPECT_EQ(Todo(bytes), "uno tres");
+  EXPECT_TRUE(bytes.Sustituir(4, 0, std::move(sacados)).empty());
+  EXPECT_EQ(bytes.Tramos(), std::vector<std::string_view>{"uno dos tres"});
+}
+
+TEST(Bytes, what_was_taken_out_outlives_the_text) {
+  std::vector<Trozo> sacados;
+  {
+    Bytes bytes = Con("uno dos tres");
+    sacados = bytes.Trozos(2, 6);
+    ASSERT_TRUE(bytes.Reemplazar(0, bytes.Tamano(), "otro"));
+  }
+  ASSERT_EQ(sacados.size(), 1);
+  EXPECT_EQ(sacados[0].bytes, "o do");
 }
 
 TEST(ContadorLineas, line_ends_cut_by_the_pieces_are_counted_once) {

@@ -97,20 +97,43 @@ TEST(Documento, deletions_both_ways_are_one_step_however_many_they_are) {
   const std::string antes(5000, 'x');
   documento.Poner(antes);
   for (Posicion pos = 4000; pos > 2500; --pos)
-    ASSERT_TRUE(documento.Reemplazar(pos - 1, 1, {}, Agrupacion::Borrar));
-  for (int i = 0; i < 1500; ++i) ASSERT_TRUE(documento.Reemplazar(2500, 1, {}, Agrupacion::Borrar));
-  EXPECT_EQ(documento.Tamano(), 2000);
+    ASSERT_TRUE(documento.Reemplazar(pos - 1, 1, "", Agrupacion::Borrar));
+  for (int i = 0; i < 500; ++i) ASSERT_TRUE(documento.Reemplazar(2500, 1, "", Agrupacion::Borrar));
+  EXPECT_EQ(documento.Tamano(), 3000);
   documento.Deshacer();
   EXPECT_EQ(Todo(documento), antes);
   documento.Rehacer();
-  EXPECT_EQ(documento.Tamano(), 2000);
+  EXPECT_EQ(documento.Tamano(), 3000);
+}
+
+TEST(Documento, lines_of_a_big_piece_are_known_when_it_comes_back) {
+  std::string antes;
+  for (int i = 0; std::ssize(antes) < 1'500'000; ++i)
+    antes += std::string(i * 37 % 90, 'x') + (i % 3 == 0 ? "\r\n" : i % 3 == 1 ? "\r" : "\n");
+  Documento documento;
+  documento.Poner(antes);
+  const std::int64_t lineas = documento.LineasDelTexto().Total();
+  for (const auto& [desde, hasta] : {std::pair<Posicion, Posicion>{0, std::ssize(antes)},
+                                     {1001, 900'003},
+                                     {4096, 8 * 65536},
+                                     {77, 1'400'001}}) {
+    Pieza copia = documento.Extracto(desde, hasta);
+    documento.Reemplazar(desde, hasta - desde, Pieza{}, Agrupacion::Sola);
+    documento.Deshacer();
+    EXPECT_EQ(documento.LineasDelTexto().Total(), lineas);
+    documento.Reemplazar(9, 1, std::move(copia), Agrupacion::Sola);
+    EXPECT_EQ(documento.LineasDelTexto().Total(), Lineas(documento.Texto()).Total());
+    EXPECT_EQ(documento.LineasDelTexto().Inicio(5000), Lineas(documento.Texto()).Inicio(5000));
+    documento.Deshacer();
+    EXPECT_EQ(Todo(documento), antes);
+  }
 }
 
 TEST(Historial, a_pause_begins_a_new_step) {
   Historial historial;
-  historial.Anotar({0, 1, {}, false}, Agrupacion::Escribir, "a", 0ms);
-  historial.Anotar({1, 1, {}, false}, Agrupacion::Escribir, "b", 900ms);
-  historial.Anotar({2, 1, {}, false}, Agrupacion::Escribir, "c", 1900ms);
+  historial.Anotar({0, 1, {}}, Agrupacion::Escribir, {'a', 'a'}, 0ms);
+  historial.Anotar({1, 1, {}}, Agrupacion::Escribir, {'b', 'b'}, 900ms);
+  historial.Anotar({2, 1, {}}, Agrupacion::Escribir, {'c', 'c'}, 1900ms);
   EXPECT_EQ(historial.PorDeshacer()->dentro, 1);
   historial.Deshecha();
   EXPECT_EQ(historial.PorDeshacer()->dentro, 2);
