@@ -79,6 +79,7 @@ void FrmAutor::CrearBotones() {
     const Enlace& enlace = LosEnlaces()[i];
     CmdAutor[i] = CrearBoton(this, {QStringLiteral("CmdAutor(%1)").arg(i), enlace.rect,
                                     enlace.dibujo, TamanoDibujo, Qt::white, enlace.titulo});
+    CmdAutor[i]->setCursor(Puntero(QStringLiteral("puntero_mano"), 0, 0));
     CmdAutor[i]->setToolTip(enlace.ayuda);
     CmdAutor[i]->setMouseTracking(true);
     CmdAutor[i]->installEventFilter(this);

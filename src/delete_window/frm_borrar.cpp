@@ -115,6 +115,7 @@ void FrmBorrar::CrearEleccion() {
   const auto botones = LosBotones();
   for (int i = 0; i < Botones; ++i) {
     CmdBorrar[i] = CrearBoton(this, botones[i]);
+    CmdBorrar[i]->setCursor(ChkBorrar->cursor());
     connect(CmdBorrar[i], &QToolButton::clicked, this, [this, i] { CmdBorrar_Click(i); });
   }
 }

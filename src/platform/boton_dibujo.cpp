@@ -9,7 +9,6 @@ QToolButton* CrearBoton(QWidget* padre, const AspectoBoton& aspecto) {
   boton->setIcon(Icono(aspecto.dibujo));
   boton->setIconSize(aspecto.tamano);
   boton->setAccessibleName(aspecto.accesible);
-  boton->setCursor(Puntero(QStringLiteral("puntero_mano"), 0, 0));
   boton->setFocusPolicy(Qt::StrongFocus);
   QPalette colores = boton->palette();
   colores.setColor(QPalette::Button, aspecto.fondo);

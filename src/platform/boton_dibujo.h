@@ -15,5 +15,5 @@ struct AspectoBoton {
   QString accesible;  // for screen readers
 };
 
-// Takes the focus by Tab; only the space bar and the mouse press it. The pointer over it is a hand.
+// Takes the focus by Tab; only the space bar and the mouse press it.
 QToolButton* CrearBoton(QWidget* padre, const AspectoBoton& aspecto);

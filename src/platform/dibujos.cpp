@@ -1,8 +1,10 @@
 #include "platform/dibujos.h"
 
+#include <memory>
 #include <utility>
 
 #include <QGuiApplication>
+#include <QHash>
 #include <QIconEngine>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -11,8 +13,8 @@ namespace {
 
 constexpr QSize TamanoPuntero(32, 32);
 
-void Pintar(QPainter& pintor, const QString& nombre, const QRectF& donde) {
-  QSvgRenderer(QStringLiteral(":/dibujos/%1.svg").arg(nombre)).render(&pintor, donde);
+QString ArchivoDe(const QString& nombre) {
+  return QStringLiteral(":/dibujos/%1.svg").arg(nombre);
 }
 
 // Draws an icon anew at each size that is asked for, so that it is never stretched.
@@ -25,7 +27,10 @@ class MotorSvg : public QIconEngine {
     if (modo == QIcon::Disabled) {
       pintor->setOpacity(0.4);
     }
-    Pintar(*pintor, nombre_, rect);
+    if (dibujo_ == nullptr) {
+      dibujo_ = std::make_shared<QSvgRenderer>(ArchivoDe(nombre_));
+    }
+    dibujo_->render(pintor, rect);
   }
   QPixmap pixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State estado) override {
     QPixmap lienzo(tamano);
@@ -34,14 +39,16 @@ class MotorSvg : public QIconEngine {
     paint(&pintor, lienzo.rect(), modo, estado);
     return lienzo;
   }
+  // A window hands each of these to the desktop before it is shown.
   QList<QSize> availableSizes(QIcon::Mode /*modo*/, QIcon::State /*estado*/) override {
-    return {{16, 16}, {24, 24}, {32, 32}, {48, 48}, {64, 64}, {128, 128}, {256, 256}};
+    return {{16, 16}, {24, 24}, {32, 32}, {48, 48}, {64, 64}};
   }
   bool isNull() override { return false; }
-  QIconEngine* clone() const override { return new MotorSvg(nombre_); }
+  QIconEngine* clone() const override { return new MotorSvg(*this); }
 
  private:
   QString nombre_;
+  std::shared_ptr<QSvgRenderer> dibujo_;  // read when it is first drawn
 };
 
 }  // namespace
@@ -50,7 +57,7 @@ QPixmap Dibujo(const QString& nombre, QSize tamano, qreal escala) {
   QPixmap lienzo((QSizeF(tamano) * escala).toSize());
   lienzo.fill(Qt::transparent);
   QPainter pintor(&lienzo);
-  Pintar(pintor, nombre, lienzo.rect());
+  QSvgRenderer(ArchivoDe(nombre)).render(&pintor, lienzo.rect());
   pintor.end();
   lienzo.setDevicePixelRatio(escala);
   return lienzo;
@@ -60,6 +67,13 @@ QIcon Icono(const QString& nombre) {
   return QIcon(new MotorSvg(nombre));
 }
 
+// Many controls share a pointer: it is drawn for the first of them.
 QCursor Puntero(const QString& nombre, int x, int y) {
-  return QCursor(Dibujo(nombre, TamanoPuntero, qGuiApp->devicePixelRatio()), x, y);
+  static QHash<QString, QCursor> dibujados;
+  const auto dibujado = dibujados.constFind(nombre);
+  if (dibujado != dibujados.cend()) {
+    return *dibujado;
+  }
+  const QCursor nuevo(Dibujo(nombre, TamanoPuntero, qGuiApp->devicePixelRatio()), x, y);
+  return *dibujados.insert(nombre, nuevo);
 }
