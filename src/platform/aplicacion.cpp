@@ -50,7 +50,10 @@ void Aplicacion::Plataforma::Soltar() const {
 }
 
 Aplicacion::Aplicacion(char* programa)
-    : argumentos_{programa, nullptr}, aplicacion_(cuantos_, argumentos_.data()) {
+    : catalogo_fuentes_(LeerCatalogoFuentes),
+      argumentos_{programa, nullptr},
+      aplicacion_(cuantos_, argumentos_.data()) {
+  catalogo_fuentes_.join();
   plataforma_.Soltar();
   std::signal(SIGXFSZ, SIG_IGN);  // a save beyond the size limit fails with a reason instead
   QApplication::setQuitOnLastWindowClosed(false);
