@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t Apunte = 64 * 1024;  // what is typed lies together
+constexpr std::size_t Apunte = std::size_t{64} << 10;  // what is typed lies together
 constexpr std::size_t Margen = std::size_t{1}
                                << 20;  // so that a file's end is seen without more memory
 

@@ -43,7 +43,9 @@ QVariant CajaTexto::inputMethodQuery(Qt::InputMethodQuery pregunta) const {
     case Qt::ImCursorRectangle:
       return RectanguloCursor().translated(viewport()->pos());
     case Qt::ImAnchorRectangle:
-      return encuadre_.Rectangulo({ancla_, false}).translated(viewport()->pos());
+      return encuadre_.Cerca({ancla_, false})
+                 ? encuadre_.Rectangulo({ancla_, false}).translated(viewport()->pos())
+                 : QRect();
     case Qt::ImFont:
       return fuente_;
     case Qt::ImHints:

@@ -52,8 +52,9 @@ void CajaTexto::PintarCursor(QPainter& pintor, const QRect& sitio) {
   pintor.fillRect(sitio, aspecto_.cursor);
 }
 
-// An empty rectangle where an input method hides the caret.
+// An empty rectangle where an input method hides the caret, or its row is not known yet.
 QRect CajaTexto::RectanguloCursor() const {
+  if (!encuadre_.Cerca(cursor_)) return {};
   const QRect sitio = encuadre_.Rectangulo(cursor_);
   if (composicion_.Vacia()) return sitio;
   const std::optional<qreal> x = composicion_.XCursor();

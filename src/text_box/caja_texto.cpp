@@ -105,12 +105,17 @@ void CajaTexto::Colocar(const Lugar& lugar, Seleccion seleccion, Columna columna
 }
 
 void CajaTexto::CursorMovido() {
-  mostrar_cursor_ = !isVisible();
-  if (isVisible()) encuadre_.Mostrar(cursor_);
+  MostrarCursor();
   ReiniciarParpadeo();
   Redibujar();
   updateMicroFocus();
   AvisarCursor();
+}
+
+// Later where that cannot be done yet.
+void CajaTexto::MostrarCursor() {
+  mostrar_cursor_ = !isVisible() || !encuadre_.Cerca(cursor_);
+  if (!mostrar_cursor_) encuadre_.Mostrar(cursor_);
 }
 
 void CajaTexto::Reemplazado(const Cambio& cambio) {
@@ -159,6 +164,7 @@ void CajaTexto::RodarX(std::int64_t x) {
 }
 
 void CajaTexto::RodarFilas(std::int64_t filas) {
+  mostrar_cursor_ = false;
   encuadre_.Desplazar(filas);
   Redibujar();
 }
@@ -175,7 +181,7 @@ void CajaTexto::resizeEvent(QResizeEvent* evento) {
 void CajaTexto::showEvent(QShowEvent* evento) {
   QAbstractScrollArea::showEvent(evento);
   encuadre_.Medir(viewport()->size());
-  if (std::exchange(mostrar_cursor_, false)) encuadre_.Mostrar(cursor_);
+  if (mostrar_cursor_) MostrarCursor();
   Redibujar();
 }
 
@@ -189,8 +195,7 @@ void CajaTexto::hideEvent(QHideEvent* evento) {
 void CajaTexto::timerEvent(QTimerEvent* evento) {
   const int reloj = evento->timerId();
   if (reloj == reloj_trabajo_.timerId()) {
-    if (encuadre_.Avanzar(MilisegundosTrabajo)) reloj_trabajo_.stop();
-    ActualizarBarras();
+    Trabajar();
   } else if (reloj == reloj_parpadeo_.timerId()) {
     cursor_encendido_ = !cursor_encendido_;
     viewport()->update(RectanguloCursor().adjusted(-1, 0, 1, 0));
@@ -199,6 +204,14 @@ void CajaTexto::timerEvent(QTimerEvent* evento) {
   } else {
     QAbstractScrollArea::timerEvent(evento);
   }
+}
+
+void CajaTexto::Trabajar() {
+  const Posicion arriba = encuadre_.Arriba();
+  if (encuadre_.Avanzar(MilisegundosTrabajo)) reloj_trabajo_.stop();
+  if (mostrar_cursor_) MostrarCursor();
+  ActualizarBarras();
+  if (encuadre_.Arriba() != arriba) viewport()->update();
 }
 
 void CajaTexto::changeEvent(QEvent* evento) {

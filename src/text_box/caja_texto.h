@@ -107,6 +107,8 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   enum class Columna { Olvidar, Conservar };
   void Colocar(const Lugar& lugar, Seleccion seleccion, Columna columna = Columna::Olvidar);
   void CursorMovido();
+  void MostrarCursor();
+  void Trabajar();  // on what is not known yet of the rows
   Posicion Desde() const { return std::min(cursor_.pos, ancla_); }
   Posicion Hasta() const { return std::max(cursor_.pos, ancla_); }
   bool HaySeleccion() const { return cursor_.pos != ancla_; }
@@ -184,7 +186,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   Lugar cursor_;
   Posicion ancla_ = 0;
   std::optional<Punto> columna_;   // the x that moving up and down keeps to
-  bool mostrar_cursor_ = false;    // to be scrolled to when the box is shown
+  bool mostrar_cursor_ = false;    // to be scrolled to when the box is shown, or the row known
   bool cursor_encendido_ = false;  // the lit half of its blinking
   Composicion composicion_;
   bool seleccion_avisada_ = false;  // screen readers know of one

@@ -88,14 +88,15 @@ std::int64_t Encuadre::FilaMaxima() const {
 void Encuadre::Encajar() const {
   const Renglones& filas = Reparto();
   lectura_ = std::clamp<Posicion>(lectura_, 0, documento_.Tamano());
-  arriba_ = filas.InicioDe(lectura_);
+  encajado_ = filas.Cerca(lectura_);
+  arriba_ = encajado_ ? filas.InicioDe(lectura_) : lectura_;
+  if (!encajado_) return;
   int debajo = FilasVisibles() - 1;
   for (Posicion fila = arriba_; debajo > 0; --debajo) {
     fila = filas.Siguiente(fila);
     if (fila < 0) break;
   }
   arriba_ = Andar(arriba_, -debajo);
-  encajado_ = true;
 }
 
 Posicion Encuadre::Arriba() const {

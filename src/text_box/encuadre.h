@@ -46,6 +46,8 @@ class Encuadre {
   void PonerX(std::int64_t x);
   std::int64_t MaximoX() const;  // pixels
 
+  // Whether what follows is told without a stop that is felt, as Renglones::Cerca.
+  bool Cerca(const Lugar& lugar) const { return Reparto().Cerca(lugar.pos); }
   // Scrolls as little as needed to have the place in sight.
   void Mostrar(const Lugar& lugar);
   Posicion FilaDe(const Lugar& lugar) const;  // start of the row it is shown in
@@ -67,7 +69,8 @@ class Encuadre {
   TablaGlifos tabla_;
   QSize tamano_;
   mutable std::unique_ptr<Renglones> reparto_;
-  // What the user reads at the top; the row that holds it is the top row, whatever the width.
+  // What the user reads at the top; the row that holds it is the top row, whatever the width. Far
+  // inside of an enormous line it is taken for a row's start until that is known.
   mutable Posicion lectura_ = 0;
   mutable Posicion arriba_ = 0;
   mutable bool encajado_ = false;

@@ -84,6 +84,13 @@ Posicion Filas::Base(Posicion pos) const {
   }
 }
 
+bool Filas::Cerca(Posicion pos) const {
+  pos = std::max<Posicion>(std::min(pos, texto_->Tamano() - 1), 0);
+  if (pos - lineas_->InicioDe(pos) <= Lejos) return true;
+  const Sumas::Lugar lugar = sumas_.PorPosicion(pos);
+  return lugar.bloque < sumas_.Bloques() && !Pendiente(lugar.bytes) && Exacto(pos);
+}
+
 Posicion Filas::InicioDe(Posicion pos) const {
   if (pos == texto_->Tamano()) {
     if (FilaVaciaFinal()) return pos;
@@ -109,7 +116,7 @@ Posicion Filas::FinDe(Posicion inicio) const {
 }
 
 std::int64_t Filas::Indice(Posicion pos) const {
-  const Posicion inicio = InicioDe(pos);
+  const Posicion inicio = Cerca(pos) ? InicioDe(pos) : pos;
   const Sumas::Lugar lugar = sumas_.PorPosicion(inicio);
   if (lugar.bloque == sumas_.Bloques())
     return std::min(lugar.cuenta + Estimar(inicio - lugar.bytes), Total() - 1);

@@ -1,6 +1,7 @@
 #include "text_box/rastreo.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 
@@ -78,9 +79,9 @@ Mascaras Mirar(const Trozos& texto, Posicion pos, std::size_t n) {
   if (texto.FinTrozo(pos) - pos >= 64) {
     mascaras = MirarTodos(bytes);
   } else {
-    unsigned char copia[64] = {};
-    std::memcpy(copia, bytes, n);
-    mascaras = MirarTodos(copia);
+    std::array<unsigned char, 64> copia{};
+    std::memcpy(copia.data(), bytes, n);
+    mascaras = MirarTodos(copia.data());
   }
   const std::uint64_t validos = (std::uint64_t{1} << n) - 1;
   return {mascaras.lf & validos, mascaras.cr & validos, mascaras.tab & validos};

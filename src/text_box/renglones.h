@@ -20,6 +20,8 @@ struct Avances {
 
 class Renglones {
  public:
+  static constexpr Posicion Lejos = 8 << 20;  // bytes of one line: some milliseconds
+
   virtual ~Renglones() = default;
 
   // The text has changed by `cambio`, or is another altogether: to be called each time, before
@@ -32,6 +34,10 @@ class Renglones {
   // Works for at most about `milisegundos`; true when everything is known.
   virtual bool Avanzar(int milisegundos) = 0;
 
+  // May the row of `pos`, and x there, be asked for without a stop that is felt? Not far inside of
+  // an enormous line of which not all is known. Once Completo(), always.
+  virtual bool Cerca(Posicion pos) const = 0;
+
   // The start of the row that holds `pos`. A position where a row starts belongs to that row.
   // Right at once, also beyond what is known yet.
   virtual Posicion InicioDe(Posicion pos) const = 0;
@@ -42,7 +48,8 @@ class Renglones {
   virtual Posicion FinDe(Posicion inicio) const = 0;
 
   // The number of the row that holds `pos`, from 0, and the start of row number `indice`. Where
-  // not all rows before are known, numbers are estimates; a start is always one.
+  // not all rows before are known, numbers are estimates; a start is always one. A number is told
+  // at once, Cerca(pos) or not.
   virtual std::int64_t Indice(Posicion pos) const = 0;
   virtual Posicion PosicionDe(std::int64_t indice) const = 0;
 

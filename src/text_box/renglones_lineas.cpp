@@ -27,6 +27,10 @@ Posicion RenglonesLineas::PosicionDe(std::int64_t indice) const {
   return lineas_->Inicio(std::clamp<std::int64_t>(indice, 0, Total() - 1));
 }
 
+bool RenglonesLineas::Cerca(Posicion pos) const {
+  return Completo() || pos - lineas_->InicioDe(pos) <= Lejos;
+}
+
 Punto RenglonesLineas::XDe(Posicion inicio, Posicion pos) const {
   pos = std::min(pos, FinDe(inicio));
   Curvas::Puesto puesto{0, inicio, 0};

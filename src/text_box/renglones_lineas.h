@@ -27,6 +27,7 @@ class RenglonesLineas : public Renglones {
   std::int64_t Total() const override { return lineas_->Total(); }
   bool Completo() const override;
   bool Avanzar(int milisegundos) override;
+  bool Cerca(Posicion pos) const override;
   Posicion InicioDe(Posicion pos) const override;
   Posicion Siguiente(Posicion inicio) const override;
   Posicion Anterior(Posicion inicio) const override;

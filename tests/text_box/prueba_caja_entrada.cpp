@@ -70,6 +70,30 @@ TEST(CajaEntrada, copied_text_keeps_every_byte_and_cut_is_one_step_of_undo) {
   EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("a\nb"));
 }
 
+TEST(CajaEntrada, what_a_box_copied_takes_the_line_ends_of_the_text_it_comes_to) {
+  const struct {
+    const char* copiado;
+    const char* donde;
+    const char* despues;
+  } casos[] = {
+      {"^a\nb\n|", "1\n|", "1\na\nb\n|"},
+      {"^a\nb\n|", "1\r\n|", "1\r\na\r\nb\r\n|"},
+      {"^a\r\nb\r\n|", "1\r\n|", "1\r\na\r\nb\r\n|"},
+      {"^a\r\nb\n|", "1\r\n|", "1\r\na\r\nb\r\n|"},
+      {"^a\r\nb\r|", "1\r\n|", "1\r\na\r\nb\r\n|"},
+      {"^a\rb\n|", "1\r|", "1\ra\rb\r|"},
+  };
+  BancoCaja origen;
+  BancoCaja destino;
+  for (const auto& caso : casos) {
+    origen.Poner(caso.copiado);
+    origen.Teclas("Ctrl+C Del");
+    destino.Poner(caso.donde);
+    destino.Teclas("Ctrl+V");
+    EXPECT_EQ(destino.Estado(), caso.despues) << caso.copiado;
+  }
+}
+
 TEST(CajaEntrada, committed_text_counts_as_a_key_and_replaces_what_the_method_says) {
   BancoCaja banco;
   banco.Poner("a^b|c");

@@ -141,6 +141,19 @@ TEST(CajaPintura, a_change_of_width_keeps_the_text_read_at_the_top) {
   EXPECT_EQ(banco.caja.Arriba(), leida);
 }
 
+TEST(CajaPintura, a_caret_far_inside_an_enormous_line_is_in_sight_once_its_row_is_known) {
+  for (const auto ajuste : {CajaTexto::Ajuste::AlAncho, CajaTexto::Ajuste::SinAjustar}) {
+    BancoCaja banco(ajuste);
+    banco.Poner("|" + std::string(3 * Renglones::Lejos, 'x'));
+    banco.Teclas("Ctrl+End");
+    EXPECT_EQ(banco.caja.Arriba(), 0);  // nobody waits for that
+    while (!banco.caja.Vista().Completo()) QApplication::processEvents();
+    const QRect cursor = banco.caja.inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    EXPECT_TRUE(banco.caja.viewport()->geometry().contains(cursor)) << cursor.x();
+    EXPECT_FALSE(cursor.isEmpty());
+  }
+}
+
 TEST(CajaPintura, another_text_is_shown_from_its_start) {
   BancoCaja banco;
   banco.Poner(std::string(1000, '\n') + "|");
