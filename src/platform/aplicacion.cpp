@@ -50,10 +50,7 @@ void Aplicacion::Plataforma::Soltar() const {
 }
 
 Aplicacion::Aplicacion(char* programa)
-    : catalogo_fuentes_(LeerCatalogoFuentes),
-      argumentos_{programa, nullptr},
-      aplicacion_(cuantos_, argumentos_.data()) {
-  catalogo_fuentes_.join();
+    : argumentos_{programa, nullptr}, aplicacion_(cuantos_, argumentos_.data()) {
   plataforma_.Soltar();
   std::signal(SIGXFSZ, SIG_IGN);  // a save beyond the size limit fails with a reason instead
   QApplication::setQuitOnLastWindowClosed(false);

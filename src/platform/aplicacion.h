@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <thread>
 
 #include <QApplication>
 #include <QTranslator>
@@ -26,9 +25,6 @@ class Aplicacion {
   static void PonerAspecto();
 
   Plataforma plataforma_;
-  // The system's catalogue of fonts is read while the toolkit connects to the screen: both take
-  // their time, and neither needs the other.
-  std::jthread catalogo_fuentes_;
   std::array<char*, 2> argumentos_;
   int cuantos_ = 1;  // the program takes no arguments, so the toolkit is shown none
   QApplication aplicacion_;

@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 #include <QHash>
-#include <QLibrary>
 #include <QScreen>
 
 namespace {
@@ -34,14 +33,4 @@ QFont FuenteDe(const FuenteTexto& texto) {
   fuente.setUnderline(texto.subrayada);
   fuente.setStrikeOut(texto.tachada);
   return fuente;
-}
-
-// The toolkit's own library for it, which keeps what it has read for the whole program.
-void LeerCatalogoFuentes() {
-  constexpr int Version = 1;
-  using FcInit = int (*)();
-  QLibrary biblioteca(QStringLiteral("fontconfig"), Version);
-  if (const auto leer = reinterpret_cast<FcInit>(biblioteca.resolve("FcInit"))) {
-    leer();
-  }
 }

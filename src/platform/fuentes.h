@@ -20,8 +20,4 @@ struct FuenteTexto {
 QFont FuenteDe(const QString& nombre, qreal puntos);
 QFont FuenteDe(const FuenteTexto& texto);
 
-// Reads what fonts the system has, which the toolkit otherwise does when it draws the first text.
-// May run beside the toolkit's start; without effect where the system keeps no such catalogue.
-void LeerCatalogoFuentes();
-
 inline const QString FuenteControles = QStringLiteral("MS Sans Serif");
