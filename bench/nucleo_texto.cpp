@@ -1,8 +1,12 @@
-// What the core of the text box costs, from 1 KB to 100 MB, for texts of four shapes.
+// What the core of the text box costs, from 1 KB to 1 GB, for texts of four shapes, next to a plain
+// read and a plain write of the same bytes.
 #include <algorithm>
+#include <array>
 #include <benchmark/benchmark.h>
 #include <cstdlib>
 #include <fcntl.h>
+#include <malloc.h>
+#include <memory>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -33,15 +37,25 @@ Avances Proporcionales() {
 // A document with its wrapped rows, as a view keeps them.
 class Puesta : public Observador {
  public:
-  explicit Puesta(const benchmark::State& estado, const Avances& avances = Fijos())
-      : Puesta(static_cast<Forma>(estado.range(0)), estado.range(1), avances) {}
-  Puesta(Forma forma, std::int64_t n, const Avances& avances) {
+  // The last one that was made is kept: making one of a gigabyte takes longer than what is
+  // measured.
+  static Puesta& De(const benchmark::State& estado, const Avances& avances = Fijos()) {
+    static std::unique_ptr<Puesta> ultima;
+    const Clave clave{estado.range(0), estado.range(1), avances.ancho[0]};
+    if (ultima && ultima->clave == clave) return *ultima;
+    ultima.reset();
+    ultima = std::make_unique<Puesta>(static_cast<Forma>(clave[0]), clave[1], avances);
+    return *ultima;
+  }
+  Puesta(Forma forma, std::int64_t n, const Avances& avances) : clave{forma, n, avances.ancho[0]} {
+    const auto antes = Ocupados();
     documento.Poner(Texto(forma, n));
     documento.Observar(this);
     filas.Configurar(avances, 500 * Pixel);
     while (!filas.Avanzar(1000)) continue;
     lineas.Configurar(avances);
     while (!lineas.Avanzar(1000)) continue;
+    indice = 100.0 * static_cast<double>(Ocupados() - antes) / static_cast<double>(n);
   }
   void Reemplazado(const Cambio& cambio) override {
     filas.Reemplazado(cambio);
@@ -56,6 +70,15 @@ class Puesta : public Observador {
   Filas filas{documento.Texto(), documento.LineasDelTexto()};
   RenglonesLineas lineas{documento.Texto(), documento.LineasDelTexto()};
   bool sin_ajustar = false;
+  double indice = 0;  // memory of lines and rows, in percent of the text
+
+ private:
+  using Clave = std::array<std::int64_t, 3>;
+  static std::int64_t Ocupados() {
+    const struct mallinfo2 memoria = mallinfo2();  // the text itself is not among it
+    return static_cast<std::int64_t>(memoria.uordblks + memoria.hblkhd);
+  }
+  Clave clave;
 };
 
 // Sixty rows from the one of `pos` on, as a repaint asks for them.
@@ -80,6 +103,13 @@ std::string Archivo(std::int64_t n) {
   return ruta;
 }
 
+// What a megabyte costs.
+void PorByte(benchmark::State& estado, std::int64_t bytes) {
+  estado.counters["per_MB"] = benchmark::Counter(
+      static_cast<double>(estado.iterations()) * static_cast<double>(bytes) / (1 << 20),
+      benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+
 void LeerSinMas(benchmark::State& estado) {
   const std::string ruta = Archivo(estado.range(0));
   for (auto vuelta : estado) {
@@ -90,6 +120,7 @@ void LeerSinMas(benchmark::State& estado) {
     benchmark::DoNotOptimize(read(descriptor, sitio.data(), n));
     close(descriptor);
   }
+  PorByte(estado, estado.range(0));
   unlink(ruta.c_str());
 }
 
@@ -101,12 +132,44 @@ void Cargar(benchmark::State& estado) {
         LectorArchivo::Abrir(QString::fromStdString(ruta), LectorArchivo::SiFalta::Fallar);
     if (!documento.Cargar(lector.Valor()).Bien()) std::abort();
   }
+  PorByte(estado, estado.range(0));
+  unlink(ruta.c_str());
+}
+
+void EscribirSinMas(benchmark::State& estado) {
+  const std::string texto = Texto(Lineas80, estado.range(0));
+  const std::string ruta = Archivo(1);
+  for (auto vuelta : estado) {
+    const int descriptor = open(ruta.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+    for (std::size_t hechos = 0; hechos < texto.size();) {
+      const ssize_t n = write(descriptor, texto.data() + hechos, texto.size() - hechos);
+      if (n < 0) std::abort();
+      hechos += static_cast<std::size_t>(n);
+    }
+    fsync(descriptor);
+    close(descriptor);
+  }
+  PorByte(estado, estado.range(0));
+  unlink(ruta.c_str());
+}
+
+void Guardar(benchmark::State& estado) {
+  Documento documento;
+  documento.Poner(Texto(Lineas80, estado.range(0)));
+  const std::string ruta = Archivo(1);
+  for (auto vuelta : estado) {
+    if (!ReemplazarArchivo(QString::fromStdString(ruta), documento.Texto().Tramos(),
+                           Duracion::Sincronizada)
+             .Bien())
+      std::abort();
+  }
+  PorByte(estado, estado.range(0));
   unlink(ruta.c_str());
 }
 
 // A key at so many percent of the text, with the page around it.
 void Tecla(benchmark::State& estado, bool sin_ajustar) {
-  Puesta puesta(estado);
+  Puesta& puesta = Puesta::De(estado);
   puesta.sin_ajustar = sin_ajustar;
   const Renglones& renglones =
       sin_ajustar ? static_cast<const Renglones&>(puesta.lineas) : puesta.filas;
@@ -118,9 +181,9 @@ void Tecla(benchmark::State& estado, bool sin_ajustar) {
   }
 }
 
-// A key at the end when the gap is at the start, and back.
+// A key at the end when the last one was at the start, and back.
 void Salto(benchmark::State& estado) {
-  Puesta puesta(estado);
+  Puesta& puesta = Puesta::De(estado);
   for (auto vuelta : estado) {
     puesta.documento.Reemplazar(puesta.documento.Tamano(), 0, "k", Agrupacion::Sola);
     Pagina(puesta.filas, puesta.documento.Tamano());
@@ -132,24 +195,27 @@ void Salto(benchmark::State& estado) {
 }
 
 void Partir(benchmark::State& estado, const Avances& avances) {
-  Puesta puesta(estado, avances);
+  Puesta& puesta = Puesta::De(estado, avances);
   Punto ancho = 500 * Pixel;
   for (auto vuelta : estado) {
     puesta.filas.Configurar(avances, ancho ^= Pixel);
     while (!puesta.filas.Avanzar(1000)) continue;
   }
+  PorByte(estado, estado.range(1));
+  estado.counters["index%"] = puesta.indice;
 }
 
 void Anchos(benchmark::State& estado, const Avances& avances) {
-  Puesta puesta(estado, avances);
+  Puesta& puesta = Puesta::De(estado, avances);
   for (auto vuelta : estado) {
     puesta.lineas.Configurar(avances);
     while (!puesta.lineas.Avanzar(1000)) continue;
   }
+  PorByte(estado, estado.range(1));
 }
 
 void PaginaSuelta(benchmark::State& estado) {
-  Puesta puesta(estado);
+  Puesta& puesta = Puesta::De(estado);
   Posicion pos = 0;
   for (auto vuelta : estado) {
     pos = (pos + 7919 * 1013) % puesta.documento.Tamano();
@@ -158,25 +224,27 @@ void PaginaSuelta(benchmark::State& estado) {
 }
 
 void Tamanos(benchmark::internal::Benchmark* prueba) {
-  for (const std::int64_t n : {1 << 10, 100 << 10, 10 << 20, 100 << 20}) prueba->Arg(n);
-  prueba->Unit(benchmark::kMicrosecond);
+  for (const std::int64_t n : {1 << 10, 100 << 10, 10 << 20, 100 << 20, 1 << 30}) prueba->Arg(n);
+  prueba->MinTime(0.1)->Unit(benchmark::kMicrosecond);
 }
 
 void Textos(benchmark::internal::Benchmark* prueba) {
   for (const std::int64_t forma : {Lineas80, UnaLinea, SoloFines, SinBlancos})
-    for (const std::int64_t n : {1 << 10, 1 << 20, 10 << 20, 100 << 20}) prueba->Args({forma, n});
-  prueba->Unit(benchmark::kMicrosecond)->ArgNames({"shape", "bytes"});
+    for (const std::int64_t n : {1 << 10, 1 << 20, 100 << 20, 1 << 30}) prueba->Args({forma, n});
+  prueba->MinTime(0.1)->Unit(benchmark::kMicrosecond)->ArgNames({"shape", "bytes"});
 }
 
 void Lugares(benchmark::internal::Benchmark* prueba) {
   for (const std::int64_t forma : {Lineas80, UnaLinea, SoloFines, SinBlancos})
-    for (const std::int64_t n : {1 << 10, 1 << 20, 10 << 20, 100 << 20})
+    for (const std::int64_t n : {1 << 10, 1 << 20, 100 << 20, 1 << 30})
       for (const std::int64_t lugar : {0, 50, 100}) prueba->Args({forma, n, lugar});
-  prueba->Unit(benchmark::kMicrosecond)->ArgNames({"shape", "bytes", "percent"});
+  prueba->MinTime(0.1)->Unit(benchmark::kMicrosecond)->ArgNames({"shape", "bytes", "percent"});
 }
 
 BENCHMARK(LeerSinMas)->Apply(Tamanos);
 BENCHMARK(Cargar)->Apply(Tamanos);
+BENCHMARK(EscribirSinMas)->Apply(Tamanos)->UseRealTime();
+BENCHMARK(Guardar)->Apply(Tamanos)->UseRealTime();
 BENCHMARK_CAPTURE(Tecla, wrapped, false)->Apply(Lugares);
 BENCHMARK_CAPTURE(Tecla, lines, true)->Apply(Lugares);
 BENCHMARK(Salto)->Apply(Textos);

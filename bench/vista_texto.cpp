@@ -1,13 +1,16 @@
 // What a user of the text box waits for: a key with the repaint, a page, a jump, the other view.
-// Arguments: kilobytes, wrapped (1) or not (0), and where: 0 start, 1 middle, 2 end.
+// Place: 0 start, 1 middle, 2 end.
+#include <array>
 #include <benchmark/benchmark.h>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <QApplication>
 #include <QImage>
 #include <QKeyEvent>
 
+#include "bench/textos.h"
 #include "text_box/caja_texto.h"
 
 namespace {
@@ -15,27 +18,11 @@ namespace {
 constexpr QSize Ventana(560, 480);
 constexpr QSize Maximizada(1920, 1080);
 
-std::string Renglones80(std::int64_t bytes) {
-  static const std::string linea =
-      "El veloz murcielago hindu comia feliz cardillo y kiwi; la ciguena tocaba el sax\n";
-  std::string texto;
-  texto.reserve(std::size_t(bytes) + linea.size());
-  while (std::int64_t(texto.size()) < bytes) texto += linea;
-  return texto;
-}
-
-std::string UnaLinea(std::int64_t bytes) {
-  std::string texto = Renglones80(bytes);
-  for (char& caracter : texto)
-    if (caracter == '\n') caracter = ' ';
-  return texto;
-}
-
 struct Mesa {
-  Mesa(const std::string& texto, bool ajustada, const QSize& tamano)
+  Mesa(Forma forma, std::int64_t megabytes, bool ajustada, const QSize& tamano)
       : caja(documento, ajustada ? CajaTexto::Ajuste::AlAncho : CajaTexto::Ajuste::SinAjustar),
         lienzo(tamano, QImage::Format_RGB32) {
-    documento.Poner(texto);
+    documento.Poner(Texto(forma, std::max<std::int64_t>(megabytes << 20, 1024)));
     caja.PonerFuente(QFont(QStringLiteral("Liberation Mono"), 10));
     caja.resize(tamano);
     caja.show();
@@ -58,12 +45,26 @@ struct Mesa {
   QImage lienzo;
 };
 
+// By shape, megabytes (0 is one kilobyte) and wrapping. The last one is kept: making one of a
+// gigabyte takes longer than what is measured.
+Mesa& LaMesa(const benchmark::State& estado, const QSize& tamano = Ventana) {
+  static std::unique_ptr<Mesa> mesa;
+  static std::array<std::int64_t, 4> clave{};
+  const std::array<std::int64_t, 4> otra{estado.range(0), estado.range(1), estado.range(2),
+                                         tamano.width()};
+  if (mesa && clave == otra) return *mesa;
+  mesa.reset();
+  mesa = std::make_unique<Mesa>(static_cast<Forma>(otra[0]), otra[1], otra[2] != 0, tamano);
+  clave = otra;
+  return *mesa;
+}
+
 // A letter and Backspace by turns, so that the line stays in sight.
 void Teclear(benchmark::State& estado, Mesa& mesa, std::int64_t donde) {
   const Posicion pos = mesa.documento.Tamano() * donde / 2;
   mesa.caja.PonerCursor(pos, pos);
   bool letra = false;
-  for (auto _ : estado) {
+  for (auto vuelta : estado) {
     letra = !letra;
     if (letra)
       mesa.Tecla(Qt::Key_A, {}, QStringLiteral("a"));
@@ -73,69 +74,95 @@ void Teclear(benchmark::State& estado, Mesa& mesa, std::int64_t donde) {
 }
 
 void TeclaYPintura(benchmark::State& estado) {
-  Mesa mesa(Renglones80(estado.range(0) << 10), estado.range(1) != 0, Ventana);
-  Teclear(estado, mesa, estado.range(2));
+  Teclear(estado, LaMesa(estado), estado.range(3));
 }
 
 void TeclaMaximizada(benchmark::State& estado) {
-  Mesa mesa(Renglones80(estado.range(0) << 10), estado.range(1) != 0, Maximizada);
-  Teclear(estado, mesa, estado.range(2));
+  Teclear(estado, LaMesa(estado, Maximizada), estado.range(3));
 }
 
-void TeclaEnUnaLinea(benchmark::State& estado) {
-  Mesa mesa(UnaLinea(estado.range(0) << 10), estado.range(1) != 0, Ventana);
-  Teclear(estado, mesa, estado.range(2));
-}
-
-void Pagina(benchmark::State& estado) {
-  Mesa mesa(Renglones80(estado.range(0) << 10), estado.range(1) != 0, Ventana);
-  for (auto _ : estado) mesa.Tecla(Qt::Key_PageDown);
-}
-
-void Salto(benchmark::State& estado) {
-  Mesa mesa(Renglones80(estado.range(0) << 10), estado.range(1) != 0, Ventana);
-  for (auto _ : estado) {
-    mesa.Tecla(Qt::Key_End, Qt::ControlModifier);
-    mesa.Tecla(Qt::Key_Home, Qt::ControlModifier);
+// A key far from the last one.
+void PrimeraTecla(benchmark::State& estado) {
+  Mesa& mesa = LaMesa(estado);
+  bool fin = false;
+  for (auto vuelta : estado) {
+    estado.PauseTiming();
+    fin = !fin;
+    mesa.Tecla(fin ? Qt::Key_End : Qt::Key_Home, Qt::ControlModifier);
+    mesa.Reposar();
+    estado.ResumeTiming();
+    mesa.Tecla(Qt::Key_A, {}, QStringLiteral("a"));
   }
 }
 
-// The other view is shown after a change, so its rows are made anew; then all of them.
+void Pagina(benchmark::State& estado) {
+  Mesa& mesa = LaMesa(estado);
+  for (auto vuelta : estado) mesa.Tecla(Qt::Key_PageDown);
+}
+
+void Salto(benchmark::State& estado) {
+  Mesa& mesa = LaMesa(estado);
+  bool fin = false;
+  for (auto vuelta : estado) {
+    fin = !fin;
+    mesa.Tecla(fin ? Qt::Key_End : Qt::Key_Home, Qt::ControlModifier);
+  }
+}
+
+// All rows known again, of a font as it is installed.
+void OtroAncho(benchmark::State& estado) {
+  Mesa& mesa = LaMesa(estado);
+  mesa.caja.PonerFuente(QFont(QStringLiteral("Liberation Sans"), 10));
+  int ancho = Ventana.width();
+  for (auto vuelta : estado) {
+    mesa.caja.resize(ancho ^= 1, Ventana.height());
+    mesa.Reposar();
+  }
+  mesa.caja.PonerFuente(QFont(QStringLiteral("Liberation Mono"), 10));
+}
+
+// The other view is shown after a change, so its rows are made anew: the first picture.
 void OtraVista(benchmark::State& estado) {
-  Mesa mesa(Renglones80(estado.range(0) << 10), false, Ventana);
+  Mesa& mesa = LaMesa(estado);
   CajaTexto otra(mesa.documento, CajaTexto::Ajuste::AlAncho);
   otra.PonerFuente(mesa.caja.Fuente());
   otra.resize(Ventana);
-  const bool todo = estado.range(1) != 0;
-  for (auto _ : estado) {
+  for (auto vuelta : estado) {
     mesa.Tecla(Qt::Key_A, {}, QStringLiteral("a"));
     otra.show();
     otra.viewport()->render(&mesa.lienzo);
-    if (todo)
-      while (!otra.Vista().Completo()) QApplication::processEvents();
     otra.hide();
   }
 }
 
-void Tamanos(benchmark::internal::Benchmark* banco) {
-  for (const int kilobytes : {1, 1 << 10, 100 << 10})
-    for (const int ajustada : {0, 1})
-      for (const int donde : {0, 1, 2}) banco->Args({kilobytes, ajustada, donde});
-}
+const std::vector<std::int64_t> Formas{Lineas80, UnaLinea, SoloFines, SinBlancos};
 
 }  // namespace
 
-BENCHMARK(TeclaYPintura)->Apply(Tamanos)->Unit(benchmark::kMicrosecond);
+BENCHMARK(TeclaYPintura)
+    ->ArgsProduct({Formas, {0, 1, 100, 1024}, {0, 1}, {0, 1, 2}})
+    ->ArgNames({"shape", "MB", "wrapped", "place"})
+    ->MinTime(0.05)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(TeclaMaximizada)
-    ->Args({1 << 10, 0, 1})
-    ->Args({100 << 10, 1, 1})
+    ->ArgsProduct({{Lineas80}, {100}, {0, 1}, {1}})
+    ->ArgNames({"shape", "MB", "wrapped", "place"})
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK(TeclaEnUnaLinea)
-    ->ArgsProduct({{10 << 10}, {0, 1}, {0, 1, 2}})
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK(Pagina)->ArgsProduct({{100 << 10}, {0, 1}})->Unit(benchmark::kMicrosecond);
-BENCHMARK(Salto)->ArgsProduct({{100 << 10}, {0, 1}})->Unit(benchmark::kMicrosecond);
-BENCHMARK(OtraVista)->ArgsProduct({{1 << 10, 100 << 10}, {0, 1}})->Unit(benchmark::kMillisecond);
+// By shape, size and wrapping.
+void Casos(benchmark::internal::Benchmark* banco) {
+  banco->ArgsProduct({Formas, {0, 1, 100, 1024}, {0, 1}})->ArgNames({"shape", "MB", "wrapped"});
+  banco->Unit(benchmark::kMicrosecond);
+}
+void CasosAjustados(benchmark::internal::Benchmark* banco) {
+  banco->ArgsProduct({Formas, {0, 1, 100, 1024}, {1}})->ArgNames({"shape", "MB", "wrapped"});
+  banco->Unit(benchmark::kMillisecond)->MinTime(0.05);
+}
+
+BENCHMARK(Pagina)->Apply(Casos)->MinTime(0.05);
+BENCHMARK(Salto)->Apply(Casos)->MinTime(0.05);
+BENCHMARK(PrimeraTecla)->Apply(Casos)->Iterations(4);
+BENCHMARK(OtroAncho)->Apply(CasosAjustados);
+BENCHMARK(OtraVista)->Apply(CasosAjustados);
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -48,7 +48,7 @@ void CajaTexto::PintarCompuesta(QPainter& pintor, PintorTexto& filas,
   composicion_.Pintar(pintor, cursor.topLeft());
 }
 
-void CajaTexto::PintarCursor(QPainter& pintor, const QRect& sitio) {
+void CajaTexto::PintarCursor(QPainter& pintor, const QRect& sitio) const {
   pintor.fillRect(sitio, aspecto_.cursor);
 }
 

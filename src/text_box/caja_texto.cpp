@@ -68,7 +68,7 @@ void CajaTexto::PonerSoloLectura(bool solo_lectura) {
 
 void CajaTexto::PonerFuente(const QFont& fuente) {
   fuente_ = fuente;
-  encuadre_.PonerTabla(TablaGlifos(fuente));
+  encuadre_.PonerFuente(fuente);
   columna_.reset();
   Redibujar();
 }

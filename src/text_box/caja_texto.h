@@ -116,7 +116,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   // caja_pintura.cpp
   void PintarFilas(QPainter& pintor);
   void PintarCompuesta(QPainter& pintor, PintorTexto& filas, const PintorTexto::Fila& fila);
-  void PintarCursor(QPainter& pintor, const QRect& sitio);
+  void PintarCursor(QPainter& pintor, const QRect& sitio) const;
   QRect RectanguloCursor() const;
   void ReiniciarParpadeo();
 

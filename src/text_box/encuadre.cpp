@@ -13,12 +13,18 @@ constexpr int AnchoCursor = 1;
 }  // namespace
 
 Encuadre::Encuadre(const Documento& documento, bool ajustado)
-    : documento_(documento), ajustado_(ajustado), tabla_(QFont()) {}
+    : documento_(documento), ajustado_(ajustado) {}
 
-void Encuadre::PonerTabla(const TablaGlifos& tabla) {
-  tabla_ = tabla;
+void Encuadre::PonerFuente(const QFont& fuente) {
+  fuente_ = fuente;
+  tabla_.reset();
   reparto_.reset();
   encajado_ = false;
+}
+
+const TablaGlifos& Encuadre::Tabla() const {
+  if (!tabla_) tabla_.emplace(fuente_);
+  return *tabla_;
 }
 
 void Encuadre::Medir(const QSize& tamano) {
@@ -60,11 +66,11 @@ Renglones& Encuadre::Reparto() const {
   const Lineas& lineas = documento_.LineasDelTexto();
   if (ajustado_) {
     auto filas = std::make_unique<Filas>(texto, lineas);
-    filas->Configurar(tabla_.Anchos(), AnchoUtil());
+    filas->Configurar(Tabla().Anchos(), AnchoUtil());
     reparto_ = std::move(filas);
   } else {
     auto filas = std::make_unique<RenglonesLineas>(texto, lineas);
-    filas->Configurar(tabla_.Anchos());
+    filas->Configurar(Tabla().Anchos());
     reparto_ = std::move(filas);
   }
   return *reparto_;
@@ -77,7 +83,7 @@ bool Encuadre::Avanzar(int milisegundos) {
 }
 
 int Encuadre::FilasVisibles() const {
-  return std::max(1, (tamano_.height() - Margen) / tabla_.AltoFila());
+  return std::max(1, (tamano_.height() - Margen) / Tabla().AltoFila());
 }
 
 std::int64_t Encuadre::FilaMaxima() const {
@@ -169,15 +175,16 @@ QRect Encuadre::Rectangulo(const Lugar& lugar) const {
   if (ajustado_) x = std::min<std::int64_t>(x, tamano_.width() - AnchoCursor);
   x = std::clamp<std::int64_t>(x, -(1 << 20), 1 << 20);
   int numero = 0;
-  const int ultima = tamano_.height() / tabla_.AltoFila() + 1;
+  const int ultima = tamano_.height() / Tabla().AltoFila() + 1;
   if (fila < arriba) numero = -1;
   for (Posicion otra = arriba; numero >= 0 && numero < ultima && otra != fila; ++numero)
     otra = Andar(otra, 1);
-  return {static_cast<int>(x), Margen + numero * tabla_.AltoFila(), AnchoCursor, tabla_.AltoFila()};
+  return {static_cast<int>(x), Margen + numero * Tabla().AltoFila(), AnchoCursor,
+          Tabla().AltoFila()};
 }
 
 Lugar Encuadre::EnPunto(const QPoint& punto) const {
-  const int numero = qFloor(qreal(punto.y() - Margen) / tabla_.AltoFila());
+  const int numero = qFloor(qreal(punto.y() - Margen) / Tabla().AltoFila());
   const Posicion fila = Andar(Arriba(), std::max(0, numero));
   return EnFila(fila, std::max<Punto>(0, (punto.x() - Margen + x_) * Pixel));
 }

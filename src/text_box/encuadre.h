@@ -2,7 +2,9 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
+#include <QFont>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
@@ -18,15 +20,16 @@ struct Lugar {
   bool al_final = false;
 };
 
-// Rows are made when first asked for, never before: a view that is not shown costs nothing.
+// Rows and glyphs are made when first asked for, never before: a view that is not shown costs
+// nothing.
 class Encuadre {
  public:
   static constexpr int Margen = 4;  // pixels, as in the toolkit's own documents
 
   Encuadre(const Documento& documento, bool ajustado);
 
-  void PonerTabla(const TablaGlifos& tabla);
-  const TablaGlifos& Tabla() const { return tabla_; }
+  void PonerFuente(const QFont& fuente);
+  const TablaGlifos& Tabla() const;
   void Medir(const QSize& tamano);  // pixels of the viewport
   const QSize& Tamano() const { return tamano_; }
 
@@ -66,7 +69,8 @@ class Encuadre {
 
   const Documento& documento_;
   const bool ajustado_;
-  TablaGlifos tabla_;
+  QFont fuente_;
+  mutable std::optional<TablaGlifos> tabla_;
   QSize tamano_;
   mutable std::unique_ptr<Renglones> reparto_;
   // What the user reads at the top; the row that holds it is the top row, whatever the width. Far
