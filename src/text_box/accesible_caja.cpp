@@ -203,7 +203,7 @@ void CajaTexto::AvisarCambio(const Cambio& cambio) {
   QByteArray quitado = std::exchange(por_quitar_, {});
   if (!QAccessible::isActive() || !isVisible()) return;
   const Posicion cuanto = std::min(cambio.quitados, MaximoLeido);
-  if (quitado.size() != cuanto) quitado = QByteArray(cuanto, ' ');
+  if (quitado.size() != cuanto) quitado = QByteArray(cuanto, ' ');  // changed in another box
   const QString viejo = PaginaCodigos::ATexto(quitado);
   const QString nuevo = TextoEntre(cambio.pos, cambio.pos + std::min(cambio.puestos, MaximoLeido));
   const int pos = Entero(cambio.pos);

@@ -16,8 +16,7 @@ bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes,
 bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, std::optional<Pieza> nueva,
                         Agrupacion agrupacion) {
   if (!nueva || solo_lectura_ || (desde == hasta && nueva->Vacia())) return false;
-  if (QAccessible::isActive())
-    por_quitar_ = documento_.Copia(desde, std::min(hasta, desde + MaximoLeido));
+  Recordar(desde, hasta);
   const Posicion fin = desde + nueva->tamano;
   documento_.Reemplazar(desde, hasta - desde, std::move(*nueva), agrupacion);
   Colocar({fin, false}, Seleccion::Quitar);
@@ -56,16 +55,28 @@ void CajaTexto::CambiarTramo(Posicion desde, Posicion hasta, const QString& text
   Cambiar(desde, hasta, DeFuera(texto, documento_.FinDeLinea()), Agrupacion::Sola);
 }
 
+// Once the text has changed nobody can say what was there.
+void CajaTexto::Recordar(Posicion desde, Posicion hasta) {
+  if (!QAccessible::isActive()) return;
+  por_quitar_ = documento_.Copia(desde, std::min(hasta, desde + MaximoLeido));
+}
+
 void CajaTexto::Deshacer() {
-  if (!solo_lectura_) IrA(documento_.Deshacer());
+  const Cambio cambio = documento_.PorDeshacer();
+  if (solo_lectura_ || cambio.pos < 0) return;
+  Recordar(cambio.pos, cambio.pos + cambio.quitados);
+  IrA(documento_.Deshacer());
 }
 
 void CajaTexto::Rehacer() {
-  if (!solo_lectura_) IrA(documento_.Rehacer());
+  const Cambio cambio = documento_.PorRehacer();
+  if (solo_lectura_ || cambio.pos < 0) return;
+  Recordar(cambio.pos, cambio.pos + cambio.quitados);
+  IrA(documento_.Rehacer());
 }
 
 void CajaTexto::IrA(const Cambio& cambio) {
-  if (cambio.pos >= 0) Colocar({cambio.pos + cambio.puestos, false}, Seleccion::Quitar);
+  Colocar({cambio.pos + cambio.puestos, false}, Seleccion::Quitar);
 }
 
 void CajaTexto::Eliminar() {

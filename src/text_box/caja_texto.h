@@ -126,6 +126,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   std::optional<Pieza> Guardar(const QByteArray& bytes);
   std::optional<Pieza> Recibir(const QMimeData& datos);
   void Borrar(Posicion desde, Posicion hasta);
+  void Recordar(Posicion desde, Posicion hasta);  // for AvisarCambio
   void Deshacer();
   void Rehacer();
   void IrA(const Cambio& cambio);

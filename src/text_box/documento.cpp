@@ -80,6 +80,11 @@ Cambio Documento::Canjear(Operacion& operacion, Posicion quitados, Pieza nueva) 
   return cambio;
 }
 
+Cambio Documento::PorHacer(const Operacion* operacion) {
+  if (operacion == nullptr) return {-1, 0, 0};
+  return {operacion->pos, operacion->dentro, operacion->fuera.tamano};
+}
+
 Cambio Documento::Deshacer() {
   CerrarGrupo();
   if (!PuedeDeshacer()) return {-1, 0, 0};

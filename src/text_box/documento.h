@@ -53,6 +53,9 @@ class Documento {
 
   bool PuedeDeshacer() const { return historial_.HayHechas(); }
   bool PuedeRehacer() const { return historial_.HayDeshechas(); }
+  // What the next of them would do; pos -1 when it is nothing.
+  Cambio PorDeshacer() { return PorHacer(historial_.PorDeshacer()); }
+  Cambio PorRehacer() { return PorHacer(historial_.PorRehacer()); }
   Cambio Deshacer();  // the last replacement it made, to place the caret; pos -1 when none
   Cambio Rehacer();
 
@@ -65,6 +68,7 @@ class Documento {
   void Sustituir(Bytes&& bytes, Sumas&& lineas);
   Cambio Canjear(Operacion& operacion, Posicion quitados, Pieza nueva);
   Cambio Invertir(Operacion& operacion);
+  static Cambio PorHacer(const Operacion* operacion);
 
   Bytes bytes_;
   Lineas lineas_{bytes_};
