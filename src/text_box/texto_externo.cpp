@@ -5,6 +5,7 @@
 #include <QUrl>
 
 #include "shared/pagina_codigos.h"
+#include "text_box/rastreo.h"
 
 namespace {
 
@@ -43,16 +44,20 @@ QByteArray Copia(const Pieza& pieza) {
   return bytes;
 }
 
-// Is every LF right behind a CR, and nothing else?
+// Are there as many CR as LF as line ends? Then each is a pair.
 bool SoloPares(const Pieza& pieza) {
-  char anterior = '\0';
-  for (const Trozo& trozo : pieza.trozos) {
-    for (const char byte : trozo.bytes) {
-      if ((byte == '\n') != (anterior == '\r')) return false;
-      anterior = byte;
-    }
+  std::ptrdiff_t cr = 0;
+  std::ptrdiff_t lf = 0;
+  std::ptrdiff_t fines = 0;
+  for (std::size_t i = 0; i < pieza.trozos.size(); ++i) {
+    const std::string_view bytes = pieza.trozos[i].bytes;
+    const bool ultimo = i + 1 == pieza.trozos.size();
+    cr += std::count(bytes.begin(), bytes.end(), '\r');
+    lf += std::count(bytes.begin(), bytes.end(), '\n');
+    fines += ContarFines(
+        bytes, ultimo ? -1 : static_cast<unsigned char>(pieza.trozos[i + 1].bytes.front()));
   }
-  return anterior != '\r';
+  return cr == fines && lf == fines;
 }
 
 QByteArrayView Vista(std::string_view bytes) {
