@@ -35,7 +35,7 @@ std::optional<Pieza> CajaTexto::Guardar(const QByteArray& bytes) {
 std::optional<Pieza> CajaTexto::Recibir(const QMimeData& datos) {
   const std::string_view fin = documento_.FinDeLinea();
   const auto* propios = qobject_cast<const DatosTexto*>(&datos);
-  if (propios && SoloFin(propios->LaPieza(), fin)) return propios->LaPieza();
+  if (propios && propios->SoloFin(fin)) return propios->LaPieza();
   return Guardar(DeFuera(datos, fin));
 }
 

@@ -9,6 +9,7 @@
 
 namespace {
 
+constexpr std::size_t Bocado = std::size_t{16} << 20;  // bytes: some milliseconds
 const QString TextoLlano = QStringLiteral("text/plain");
 
 bool EsFin(char byte) {
@@ -44,22 +45,6 @@ QByteArray Copia(const Pieza& pieza) {
   return bytes;
 }
 
-// Are there as many CR as LF as line ends? Then each is a pair.
-bool SoloPares(const Pieza& pieza) {
-  std::ptrdiff_t cr = 0;
-  std::ptrdiff_t lf = 0;
-  std::ptrdiff_t fines = 0;
-  for (std::size_t i = 0; i < pieza.trozos.size(); ++i) {
-    const std::string_view bytes = pieza.trozos[i].bytes;
-    const bool ultimo = i + 1 == pieza.trozos.size();
-    cr += std::count(bytes.begin(), bytes.end(), '\r');
-    lf += std::count(bytes.begin(), bytes.end(), '\n');
-    fines += ContarFines(
-        bytes, ultimo ? -1 : static_cast<unsigned char>(pieza.trozos[i + 1].bytes.front()));
-  }
-  return cr == fines && lf == fines;
-}
-
 QByteArrayView Vista(std::string_view bytes) {
   return {bytes.data(), static_cast<qsizetype>(bytes.size())};
 }
@@ -92,20 +77,49 @@ QString ParaFuera(const QByteArray& bytes) {
   return PaginaCodigos::ATexto(ConFinales(bytes, "\n"));
 }
 
+bool RecuentoFines::Seguir(const Pieza& pieza, std::size_t bytes) {
+  while (trozo_ < pieza.trozos.size() && bytes > 0) {
+    const std::string_view todo = pieza.trozos[trozo_].bytes;
+    const std::string_view tramo = todo.substr(dentro_, bytes);
+    dentro_ += tramo.size();
+    bytes -= tramo.size();
+    std::string_view resto = todo.substr(dentro_);
+    if (resto.empty()) {
+      dentro_ = 0;
+      if (++trozo_ < pieza.trozos.size()) resto = pieza.trozos[trozo_].bytes;
+    }
+    cr_ += std::count(tramo.begin(), tramo.end(), '\r');
+    lf_ += std::count(tramo.begin(), tramo.end(), '\n');
+    fines_ += ContarFines(tramo, resto.empty() ? -1 : static_cast<unsigned char>(resto.front()));
+  }
+  return trozo_ == pieza.trozos.size();
+}
+
+// Where there are as many CR as LF as line ends, each is a pair.
+bool RecuentoFines::Solo(std::string_view fin) const {
+  if (fin.size() == 2) return cr_ == fines_ && lf_ == fines_;
+  return (fin == "\n" ? cr_ : lf_) == 0;
+}
+
+DatosTexto::DatosTexto(Pieza pieza) : pieza_(std::move(pieza)) {
+  if (pieza_.tamano > static_cast<Posicion>(Bocado)) reloj_.start(0, this);
+}
+
+void DatosTexto::timerEvent(QTimerEvent* /*evento*/) {
+  if (recuento_.Seguir(pieza_, Bocado)) reloj_.stop();
+}
+
+bool DatosTexto::SoloFin(std::string_view fin) const {
+  recuento_.Seguir(pieza_, static_cast<std::size_t>(pieza_.tamano));
+  return recuento_.Solo(fin);
+}
+
 QStringList DatosTexto::formats() const {
   return {TextoLlano};
 }
 
 QVariant DatosTexto::retrieveData(const QString& formato, QMetaType /*tipo*/) const {
   return formato == TextoLlano ? QVariant(ParaFuera(Copia(pieza_))) : QVariant();
-}
-
-bool SoloFin(const Pieza& pieza, std::string_view fin) {
-  if (fin.size() == 2) return SoloPares(pieza);
-  const char otro = fin == "\n" ? '\r' : '\n';
-  return std::ranges::none_of(pieza.trozos, [otro](const Trozo& trozo) {
-    return trozo.bytes.find(otro) != std::string_view::npos;
-  });
 }
 
 bool TraeTexto(const QMimeData* datos) {

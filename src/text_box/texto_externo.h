@@ -1,8 +1,10 @@
 // Text on its way in and out: clipboard, drag and drop, input methods.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
+#include <QBasicTimer>
 #include <QByteArray>
 #include <QMimeData>
 #include <QString>
@@ -18,24 +20,41 @@ QByteArray DeFuera(const QMimeData& datos, std::string_view fin_de_linea);
 // The text for other programs: each line end as LF.
 QString ParaFuera(const QByteArray& bytes);
 
+// Which forms of line end a piece has, found out bit by bit.
+class RecuentoFines {
+ public:
+  // Goes on through about `bytes` bytes more; true when all of the piece was seen.
+  bool Seguir(const Pieza& pieza, std::size_t bytes);
+  // Are all of this form? Without any, too. Asked when all was seen.
+  bool Solo(std::string_view fin) const;
+
+ private:
+  std::size_t trozo_ = 0;
+  std::size_t dentro_ = 0;  // offset in that one
+  std::ptrdiff_t cr_ = 0;
+  std::ptrdiff_t lf_ = 0;
+  std::ptrdiff_t fines_ = 0;
+};
+
 // A stretch of a text, as it was when it was taken; converted only when somebody asks for it.
 class DatosTexto : public QMimeData {
   Q_OBJECT
 
  public:
-  explicit DatosTexto(Pieza pieza) : pieza_(std::move(pieza)) {}
+  explicit DatosTexto(Pieza pieza);
   const Pieza& LaPieza() const { return pieza_; }
+  bool SoloFin(std::string_view fin) const;  // as RecuentoFines::Solo
   QStringList formats() const override;
 
  protected:
   QVariant retrieveData(const QString& formato, QMetaType tipo) const override;
+  void timerEvent(QTimerEvent* evento) override;
 
  private:
   Pieza pieza_;
+  mutable RecuentoFines recuento_;  // of a large piece it goes on while nothing else is to do
+  QBasicTimer reloj_;
 };
-
-// Are all line ends of this form? Without any, too.
-bool SoloFin(const Pieza& pieza, std::string_view fin);
 
 // Is there plain text to be had? A file is none, even where its name comes along as text.
 bool TraeTexto(const QMimeData* datos);
