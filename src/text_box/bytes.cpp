@@ -8,8 +8,7 @@
 namespace {
 
 constexpr std::size_t Apunte = std::size_t{64} << 10;  // what is typed lies together
-constexpr std::size_t Margen = std::size_t{1}
-                               << 20;  // so that a file's end is seen without more memory
+constexpr std::size_t Margen = std::size_t{1} << 20;   // to see a file's end without more memory
 
 bool Sigue(const Trozo& uno, const Trozo& otro) {
   return uno.almacen == otro.almacen && uno.bytes.data() + uno.bytes.size() == otro.bytes.data();

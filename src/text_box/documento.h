@@ -40,7 +40,6 @@ class Documento {
 
   // A stretch of the text as it is now, whatever becomes of the text: nothing is copied for it.
   Pieza Extracto(Posicion desde, Posicion hasta) const;
-
   // The same of bytes that are not in the text; nothing when memory is out.
   std::optional<Pieza> Guardar(std::string_view bytes);
 
@@ -56,7 +55,7 @@ class Documento {
   // What the next of them would do; pos -1 when it is nothing.
   Cambio PorDeshacer() { return PorHacer(historial_.PorDeshacer()); }
   Cambio PorRehacer() { return PorHacer(historial_.PorRehacer()); }
-  Cambio Deshacer();  // the last replacement it made, to place the caret; pos -1 when none
+  Cambio Deshacer();  // the replacement it made, to place the caret; pos -1 when none
   Cambio Rehacer();
 
   std::string_view FinDeLinea() const;  // the form that the text uses first; LF when it has none
