@@ -22,10 +22,11 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1~velda1)  # older than a 1.1-1 that Debian itself might have
 set(CPACK_DEBIAN_PACKAGE_SECTION editors)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-# The libraries, and with them the plugin for X11, are found by dpkg-shlibdeps. The fonts are those
-# that the windows are laid out for; the help and the links are opened through xdg-open.
+# The libraries, and with them the plugin for X11, are found by dpkg-shlibdeps, all but the one that
+# the program loads for the recycle bin. The fonts are those that the windows are laid out for; the
+# help and the links are opened through xdg-open.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-liberation)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, libglib2.0-0")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 

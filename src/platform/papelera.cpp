@@ -3,39 +3,70 @@
 #include <memory>
 
 #include <QFile>
+#include <QLibrary>
 
 #undef signals  // a name in the headers of GIO
 #include <gio/gio.h>
 
 namespace {
 
-struct Soltar {
-  void operator()(gpointer objeto) const { g_object_unref(objeto); }
+// What is used of GIO. It is loaded with the first file that is sent: linked, it and the libraries
+// that it brings would hold up every start.
+struct Gio {
+  Gio() {
+    QLibrary biblioteca(QStringLiteral("gio-2.0"), 0);
+    const auto hallar = [&](auto& funcion, const char* nombre) {
+      funcion =
+          reinterpret_cast<std::remove_reference_t<decltype(funcion)>>(biblioteca.resolve(nombre));
+      cargada = cargada && funcion != nullptr;
+    };
+    hallar(vfs_get_local, "g_vfs_get_local");
+    hallar(vfs_get_file_for_path, "g_vfs_get_file_for_path");
+    hallar(file_trash, "g_file_trash");
+    hallar(file_query_info, "g_file_query_info");
+    hallar(file_info_get_attribute_boolean, "g_file_info_get_attribute_boolean");
+    hallar(object_unref, "g_object_unref");
+  }
+
+  bool cargada = true;
+  decltype(&g_vfs_get_local) vfs_get_local = nullptr;
+  decltype(&g_vfs_get_file_for_path) vfs_get_file_for_path = nullptr;
+  decltype(&g_file_trash) file_trash = nullptr;
+  decltype(&g_file_query_info) file_query_info = nullptr;
+  decltype(&g_file_info_get_attribute_boolean) file_info_get_attribute_boolean = nullptr;
+  decltype(&g_object_unref) object_unref = nullptr;
 };
+
 template <typename T>
-using Objeto = std::unique_ptr<T, Soltar>;
+using Objeto = std::unique_ptr<T, decltype(&g_object_unref)>;
 
 // Of the plain file system: asking the desktop's own would start its services.
-Objeto<GFile> ArchivoEn(const QString& ruta) {
-  return Objeto<GFile>(g_vfs_get_file_for_path(g_vfs_get_local(), QFile::encodeName(ruta)));
+Objeto<GFile> ArchivoEn(const Gio& gio, const QString& ruta) {
+  const QByteArray en_sistema = QFile::encodeName(ruta);
+  return {gio.vfs_get_file_for_path(gio.vfs_get_local(), en_sistema), gio.object_unref};
 }
 
-bool PuedeEliminarse(GFile* archivo) {
-  const Objeto<GFileInfo> datos(g_file_query_info(archivo, G_FILE_ATTRIBUTE_ACCESS_CAN_DELETE,
-                                                  G_FILE_QUERY_INFO_NOFOLLOW_SYMLINKS, nullptr,
-                                                  nullptr));
+bool PuedeEliminarse(const Gio& gio, GFile* archivo) {
+  const Objeto<GFileInfo> datos(
+      gio.file_query_info(archivo, G_FILE_ATTRIBUTE_ACCESS_CAN_DELETE,
+                          G_FILE_QUERY_INFO_NOFOLLOW_SYMLINKS, nullptr, nullptr),
+      gio.object_unref);
   return datos != nullptr &&
-         g_file_info_get_attribute_boolean(datos.get(), G_FILE_ATTRIBUTE_ACCESS_CAN_DELETE) != 0;
+         gio.file_info_get_attribute_boolean(datos.get(), G_FILE_ATTRIBUTE_ACCESS_CAN_DELETE) != 0;
 }
 
 }  // namespace
 
 Envio PapeleraReal::Enviar(const QString& ruta) {
-  const Objeto<GFile> archivo = ArchivoEn(ruta);
-  if (g_file_trash(archivo.get(), nullptr, nullptr) != 0) {
+  static const Gio gio;
+  if (!gio.cargada) {
+    return Envio::Fallo;
+  }
+  const Objeto<GFile> archivo = ArchivoEn(gio, ruta);
+  if (gio.file_trash(archivo.get(), nullptr, nullptr) != 0) {
     return Envio::Enviada;
   }
-  return PuedeEliminarse(archivo.get()) ? Envio::SinPapelera : Envio::Fallo;
+  return PuedeEliminarse(gio, archivo.get()) ? Envio::SinPapelera : Envio::Fallo;
 }
 
 void PapeleraReal::Eliminar(const QString& ruta) {
