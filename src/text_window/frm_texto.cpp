@@ -1,18 +1,12 @@
 #include "text_window/frm_texto.h"
 
-#include <QToolButton>
-
 #include "platform/dibujos.h"
 #include "text_window/panel_favoritas.h"
-#include "text_window/panel_guardar.h"
 #include "text_window/titulos.h"
 
 namespace {
 
 constexpr QStringView Seccion = u"PosTam";
-
-// From the window's right inner edge to the save panel's left: clear of the scroll bar, in twips.
-constexpr int MargenGuardar = 1590;
 
 }  // namespace
 
@@ -25,7 +19,7 @@ FrmTexto::FrmTexto(ModGral& gral, const Escritorio& escritorio, Ventana& princip
   setWindowIcon(Icono(QStringLiteral("texto")));
   setMinimumSize(1, 1);
   PonerTitulo(TituloSinArchivo);
-  CrearControles();
+  CrearCajas();
 }
 
 // The boxes watch the document, which would be gone before the window's children are.
@@ -35,7 +29,7 @@ FrmTexto::~FrmTexto() {
   }
 }
 
-void FrmTexto::CrearControles() {
+void FrmTexto::CrearCajas() {
   constexpr std::array ajustes{CajaTexto::Ajuste::AlAncho, CajaTexto::Ajuste::SinAjustar};
   for (int i = 0; i < 2; ++i) {
     TextBox[i] = new CajaTexto(documento_, ajustes[i], this);
@@ -45,11 +39,6 @@ void FrmTexto::CrearControles() {
     TextBox[i]->PonerOyente(this);
   }
   TextBox[1]->hide();
-  FraGuardar_ = new FraGuardar(this);
-  connect(FraGuardar_->CmdGuardar, &QToolButton::clicked, this, &FrmTexto::CmdGuardar_Click);
-  connect(FraGuardar_->CmdCancelar, &QToolButton::clicked, this, &FrmTexto::CmdCancelar_Click);
-  CrearOpciones();
-  CrearFavoritas();
 }
 
 void FrmTexto::Form_Load() {
@@ -84,7 +73,7 @@ void FrmTexto::Form_Resize() {
   for (CajaTexto* caja : TextBox) {
     caja->setGeometry(rect());
   }
-  FraGuardar_->move(width() - APixeles(MargenGuardar), FraGuardar_->y());
+  ColocarGuardar();
 }
 
 // Serves the one request that the main window left, in this order.
@@ -94,7 +83,7 @@ void FrmTexto::Form_Activate() {
   } else if (gral_.VerOpciones) {
     MostrarOpciones();
   } else if (gral_.VerFavoritas) {
-    FraFavoritas_->GestionarFavoritas();
+    Favoritas().GestionarFavoritas();
   } else if (gral_.ArchivoActual == ArchivoNinguno) {
     QuedarSinArchivo();
   } else if (gral_.ArchivoActual != gral_.ArchivoCargado) {

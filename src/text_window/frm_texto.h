@@ -40,17 +40,24 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   const Documento& ElDocumento() const { return documento_; }
 
  private:
-  void CrearControles();
+  void CrearCajas();
   RectTwips LeerRectangulo();
 
-  void CrearOpciones();
-  void CrearFavoritas();
-  void LeerOpciones();
+  FraGuardar& Guardar();
+  FraOpciones& Opciones();
+  FraFavoritas& Favoritas();
+  void ColocarGuardar();
+  void EsconderGuardar();
   void MostrarOpciones();
+  bool VeOpciones() const;
+  bool VeFavoritas() const;
   void CerrarPaneles();
-  bool HayPanel() const;
-  void PonerFuenteYTexto();
-  void PonerFondo();
+
+  void LeerOpciones();
+  void PonerFuente();
+  void PonerColores();
+  void PintarPaneles();
+  void MostrarCaja(bool ajustar);
 
   CajaTexto& CajaVisible();
   void MostrarTextoNuevo();
@@ -70,9 +77,10 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   Documento documento_;
 
   std::array<CajaTexto*, 2> TextBox{};  // 0 wraps, 1 does not; children of the window
-  FraGuardar* FraGuardar_ = nullptr;
+  FraGuardar* FraGuardar_ = nullptr;    // null until they are needed
   FraOpciones* FraOpciones_ = nullptr;
   FraFavoritas* FraFavoritas_ = nullptr;
+  bool favoritas_al_inicio_ = false;  // as stored, until its check box is there
   Aspecto aspecto_;
   NumeroColor color_dialogo_ = NumeroNegro;  // what the font and colour dialogs held last
 };

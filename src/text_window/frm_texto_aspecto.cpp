@@ -1,85 +1,46 @@
-// The appearance of the text window, and its options panel.
+// The appearance of the text window: font, colours, wrapping.
 #include "text_window/frm_texto.h"
 #include "text_window/panel_favoritas.h"
 #include "text_window/panel_guardar.h"
 #include "text_window/panel_opciones.h"
 
-namespace {
-
-constexpr QStringView Seccion = u"Opciones";
-
-void Pintar(QWidget& control, QPalette::ColorRole papel, const QColor& color) {
-  QPalette paleta = control.palette();
-  paleta.setColor(papel, color);
-  control.setPalette(paleta);
-}
-
-}  // namespace
-
-void FrmTexto::CrearOpciones() {
-  FraOpciones_ = new FraOpciones(this);
-  const FraOpciones& panel = *FraOpciones_;
-  connect(panel.CmdFuente, &QToolButton::clicked, this, &FrmTexto::CmdFuente_Click);
-  connect(panel.CmdFColor, &QToolButton::clicked, this, &FrmTexto::CmdFColor_Click);
-  connect(panel.ChkConfirmar, &QCheckBox::toggled, this, &FrmTexto::ChkConfirmar_Click);
-  connect(panel.ChkAjustar, &QCheckBox::toggled, this, &FrmTexto::ChkAjustar_Click);
-  connect(panel.CmdFavoritas, &QToolButton::clicked, this, &FrmTexto::CmdFavoritas_Click);
-  connect(panel.CmdCerrar, &QPushButton::clicked, this, &FrmTexto::CmdCerrar_Click);
-}
-
-void FrmTexto::CrearFavoritas() {
-  FraFavoritas_ = new FraFavoritas(gral_, escritorio_.unidades, this);
-  connect(FraFavoritas_, &FraFavoritas::Cerrado, this, [this] { CajaVisible().setFocus(); });
-}
-
 void FrmTexto::LeerOpciones() {
+  constexpr QStringView seccion = u"Opciones";
   aspecto_ = LeerAspecto(gral_.perfil, gral_.ArchivoINI);
-  gral_.perfil.Leer(gral_.ArchivoINI, Seccion, u"Ajustar", u"Si");
-  FraOpciones_->ChkAjustar->setChecked(gral_.perfil.EsSi());
-  ChkAjustar_Click();
-  gral_.perfil.Leer(gral_.ArchivoINI, Seccion, u"Favoritas", u"No");
-  FraOpciones_->ChkFavoritas->setChecked(gral_.perfil.EsSi());
-  PonerFuenteYTexto();
-  PonerFondo();
+  gral_.perfil.Leer(gral_.ArchivoINI, seccion, u"Ajustar", u"Si");
+  MostrarCaja(gral_.perfil.EsSi());
+  gral_.perfil.Leer(gral_.ArchivoINI, seccion, u"Favoritas", u"No");
+  favoritas_al_inicio_ = gral_.perfil.EsSi();
+  PonerFuente();
+  PonerColores();
 }
 
-// What lies inside the two panels takes their text colour from them.
-void FrmTexto::PonerFuenteYTexto() {
-  const QColor texto = aspecto_.ColorTexto(palette());
+void FrmTexto::PonerFuente() {
   for (CajaTexto* caja : TextBox) {
     caja->PonerFuente(FuenteDe(aspecto_.fuente));
-    caja->PonerColores(texto, aspecto_.ColorFondo(palette()));
   }
-  Pintar(*FraOpciones_, QPalette::WindowText, texto);
-  Pintar(*FraFavoritas_, QPalette::WindowText, texto);
 }
 
-void FrmTexto::PonerFondo() {
-  const QColor fondo = aspecto_.ColorFondo(palette());
+void FrmTexto::PonerColores() {
   for (CajaTexto* caja : TextBox) {
-    caja->PonerColores(aspecto_.ColorTexto(palette()), fondo);
+    caja->PonerColores(aspecto_.ColorTexto(palette()), aspecto_.ColorFondo(palette()));
   }
-  Pintar(*FraOpciones_, QPalette::Window, fondo);
-  Pintar(*FraFavoritas_, QPalette::Window, fondo);
-  Pintar(*FraGuardar_, QPalette::Window, fondo);
+  PintarPaneles();
 }
 
-void FrmTexto::MostrarOpciones() {
-  FraOpciones_->ChkConfirmar->setChecked(gral_.Confirmar);
-  FraOpciones_->show();
-  FraOpciones_->CmdFuente->setFocus();
-}
-
-bool FrmTexto::HayPanel() const {
-  return !FraOpciones_->isHidden() || !FraFavoritas_->isHidden();
-}
-
-void FrmTexto::CerrarPaneles() {
-  if (!FraOpciones_->isHidden()) {
-    CmdCerrar_Click();
-  }
-  if (!FraFavoritas_->isHidden()) {
-    FraFavoritas_->CmdCerrarFav_Click();
+// What lies inside the options and the favourites takes its text colour from them.
+void FrmTexto::PintarPaneles() {
+  const auto pintar = [](QWidget* panel, QPalette::ColorRole papel, const QColor& color) {
+    if (panel != nullptr) {
+      QPalette paleta = panel->palette();
+      paleta.setColor(papel, color);
+      panel->setPalette(paleta);
+    }
+  };
+  pintar(FraGuardar_, QPalette::Window, aspecto_.ColorFondo(palette()));
+  for (QWidget* panel : std::initializer_list<QWidget*>{FraOpciones_, FraFavoritas_}) {
+    pintar(panel, QPalette::WindowText, aspecto_.ColorTexto(palette()));
+    pintar(panel, QPalette::Window, aspecto_.ColorFondo(palette()));
   }
 }
 
@@ -95,7 +56,8 @@ void FrmTexto::CmdFuente_Click() {
     aspecto_.texto = NumeroDe(eleccion->color);
   }
   color_dialogo_ = aspecto_.texto;
-  PonerFuenteYTexto();
+  PonerFuente();
+  PonerColores();
 }
 
 void FrmTexto::CmdFColor_Click() {
@@ -105,12 +67,15 @@ void FrmTexto::CmdFColor_Click() {
     return;
   }
   aspecto_.fondo = color_dialogo_ = NumeroDe(*color);
-  PonerFondo();
+  PonerColores();
+}
+
+void FrmTexto::ChkAjustar_Click() {
+  MostrarCaja(Opciones().ChkAjustar->isChecked());
 }
 
 // Both boxes show one document; the reader stays where the reading was.
-void FrmTexto::ChkAjustar_Click() {
-  const bool ajustar = FraOpciones_->ChkAjustar->isChecked();
+void FrmTexto::MostrarCaja(bool ajustar) {
   CajaTexto& antes = CajaVisible();
   CajaTexto& ahora = *TextBox[ajustar ? 0 : 1];
   if (&antes == &ahora) {
@@ -120,27 +85,4 @@ void FrmTexto::ChkAjustar_Click() {
   ahora.show();
   ahora.PonerCursor(antes.Cursor(), antes.Ancla());
   ahora.PonerArriba(antes.Arriba());
-}
-
-void FrmTexto::ChkConfirmar_Click() {
-  gral_.Confirmar = FraOpciones_->ChkConfirmar->isChecked();
-}
-
-void FrmTexto::CmdFavoritas_Click() {
-  CmdCerrar_Click();
-  FraFavoritas_->GestionarFavoritas();
-}
-
-void FrmTexto::CmdCerrar_Click() {
-  gral_.VerOpciones = false;
-  FraOpciones_->hide();
-  CajaVisible().setFocus();
-  EscribirAspecto(gral_.perfil, gral_.ArchivoINI, aspecto_);
-  const auto escribir = [this](QStringView clave, const QCheckBox* casilla) {
-    gral_.perfil.EscribirBuffer(gral_.ArchivoINI, Seccion, clave,
-                                casilla->isChecked() ? u"Si" : u"No");
-  };
-  escribir(u"Ajustar", FraOpciones_->ChkAjustar);
-  escribir(u"Favoritas", FraOpciones_->ChkFavoritas);
-  escribir(u"Confirmar", FraOpciones_->ChkConfirmar);
 }

@@ -16,7 +16,7 @@ void FrmTexto::MostrarTextoNuevo() {
     documento_.Vaciar();
     PonerTitulo(TituloNuevo);
   }
-  FraGuardar_->show();
+  Guardar().show();
 }
 
 void FrmTexto::QuedarSinArchivo() {
@@ -36,7 +36,7 @@ void FrmTexto::CargarArchivo() {
     return;
   }
   CajaVisible().setFocus();
-  FraGuardar_->hide();
+  EsconderGuardar();
   PonerTitulo(PrefijoTitulo + gral_.ArchivoActual);
   gral_.ArchivoCargado = gral_.ArchivoActual;
   principal_.DarFoco();
@@ -50,7 +50,7 @@ void FrmTexto::ErrorAlLeer(const Resultado& fallo) {
 }
 
 bool FrmTexto::TeclaCaracter() {
-  if (HayPanel()) {
+  if (VeOpciones() || VeFavoritas()) {
     return false;
   }
   MarcarEdicion();
@@ -62,7 +62,7 @@ void FrmTexto::TeclaSuprimir() {
 }
 
 void FrmTexto::MarcarEdicion() {
-  FraGuardar_->show();
+  Guardar().show();
   if (Titulo() == TituloSinArchivo) {
     gral_.ArchivoNuevo = true;
     PonerTitulo(TituloNuevo);
@@ -88,7 +88,7 @@ void FrmTexto::CmdGuardar_Click() {
     gral_.ArchivoCargado = gral_.ArchivoActual;
   }
   CajaVisible().setFocus();
-  FraGuardar_->hide();
+  EsconderGuardar();
   DarFocoAPrincipal();
 }
 
@@ -100,7 +100,7 @@ void FrmTexto::CmdCancelar_Click() {
   }
   CargarArchivo();
   CajaVisible().setFocus();
-  FraGuardar_->hide();
+  EsconderGuardar();
 }
 
 CajaTexto& FrmTexto::CajaVisible() {

@@ -102,7 +102,8 @@ class Programa : public testing::Test {
     return principal->findChild<QWidget*>("LblTotal")->property("text").toString();
   }
   bool SeVe(const char* panel) const {
-    return Texto()->findChild<QWidget*>(panel)->isVisibleTo(Texto());
+    const auto* suyo = Texto()->findChild<QWidget*>(panel);
+    return suyo != nullptr && suyo->isVisibleTo(Texto());
   }
   bool Panel() const { return SeVe("FraGuardar"); }
   QStringList Entradas() const {

@@ -27,7 +27,10 @@ class LasFavoritas : public MesaTexto {
   QString Ruta(const QString& nombre) const { return carpeta.Ruta(nombre); }
   FraFavoritas& Panel() const { return *texto->findChild<FraFavoritas*>(); }
   CajaTexto& Caja() const { return *texto->findChild<CajaTexto*>("TextBox(0)"); }
-  bool Abierto() const { return Panel().isVisibleTo(texto.get()); }
+  bool Abierto() const {
+    const auto* panel = texto->findChild<FraFavoritas*>();
+    return panel != nullptr && panel->isVisibleTo(texto.get());
+  }
   QString Estados() const {
     QStringList lineas;
     for (const QLabel* linea : Panel().LblEstado) lineas << linea->accessibleName();
