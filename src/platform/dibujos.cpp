@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QHash>
 #include <QIconEngine>
@@ -15,6 +16,17 @@ constexpr QSize TamanoPuntero(32, 32);
 
 QString ArchivoDe(const QString& nombre) {
   return QStringLiteral(":/dibujos/%1.svg").arg(nombre);
+}
+
+// The drawing in exactly these pixels, where the build has made it; null where not.
+QImage Hecho(const QString& nombre, QSize pixeles) {
+  QFile archivo(
+      QStringLiteral(":/hechos/%1_%2x%3").arg(nombre).arg(pixeles.width()).arg(pixeles.height()));
+  QImage imagen(pixeles, QImage::Format_ARGB32_Premultiplied);
+  const bool leida =
+      archivo.open(QIODevice::ReadOnly) && archivo.size() == imagen.sizeInBytes() &&
+      archivo.read(reinterpret_cast<char*>(imagen.bits()), archivo.size()) == archivo.size();
+  return leida ? imagen : QImage();
 }
 
 // Draws an icon anew at each size that is asked for, so that it is never stretched.
@@ -33,6 +45,9 @@ class MotorSvg : public QIconEngine {
     dibujo_->render(pintor, rect);
   }
   QPixmap pixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State estado) override {
+    if (modo == QIcon::Normal) {
+      return Dibujo(nombre_, tamano, 1);
+    }
     QPixmap lienzo(tamano);
     lienzo.fill(Qt::transparent);
     QPainter pintor(&lienzo);
@@ -54,11 +69,14 @@ class MotorSvg : public QIconEngine {
 }  // namespace
 
 QPixmap Dibujo(const QString& nombre, QSize tamano, qreal escala) {
-  QPixmap lienzo((QSizeF(tamano) * escala).toSize());
-  lienzo.fill(Qt::transparent);
-  QPainter pintor(&lienzo);
-  QSvgRenderer(ArchivoDe(nombre)).render(&pintor, lienzo.rect());
-  pintor.end();
+  const QSize pixeles = (QSizeF(tamano) * escala).toSize();
+  QPixmap lienzo = QPixmap::fromImage(Hecho(nombre, pixeles));
+  if (lienzo.isNull()) {
+    lienzo = QPixmap(pixeles);
+    lienzo.fill(Qt::transparent);
+    QPainter pintor(&lienzo);
+    QSvgRenderer(ArchivoDe(nombre)).render(&pintor, lienzo.rect());
+  }
   lienzo.setDevicePixelRatio(escala);
   return lienzo;
 }

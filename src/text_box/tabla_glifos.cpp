@@ -37,20 +37,20 @@ TablaGlifos::TablaGlifos(const QFont& fuente) {
   llana.setKerning(false);
   fuentes_.push_back(QRawFont::fromFont(llana));
   Medir(fuente);
+  QString caracteres(256, u'\0');
+  for (int byte = 0; byte < 256; ++byte)
+    caracteres[byte] = PaginaCodigos::ATexto(static_cast<unsigned char>(byte));
+  const QList<quint32> glifos = fuentes_[0].glyphIndexesForString(caracteres);
+  const QList<QPointF> avances = fuentes_[0].advancesForGlyphIndexes(glifos);
   for (int byte = 0; byte < 256; ++byte) {
-    const char16_t caracter = PaginaCodigos::ATexto(static_cast<unsigned char>(byte));
-    if (EsControl(caracter)) {
+    if (EsControl(caracteres[byte].unicode())) {
       entradas_[byte].fuente = Marca;
-      continue;
-    }
-    const QList<quint32> glifos = fuentes_[0].glyphIndexesForString(QString(QChar(caracter)));
-    if (glifos.size() != 1 || glifos[0] == 0) {
+    } else if (glifos.value(byte) == 0) {
       Sustituir(static_cast<unsigned char>(byte), llana);
-      continue;
+    } else {
+      entradas_[byte].glifo = glifos[byte];
+      avances_.ancho[byte] = EnPuntos(avances.value(byte).x());
     }
-    entradas_[byte].glifo = glifos[0];
-    const QList<QPointF> avances = fuentes_[0].advancesForGlyphIndexes(glifos);
-    avances_.ancho[byte] = EnPuntos(avances.value(0).x());
   }
   const std::int32_t blanco = std::max(Pixel, avances_.ancho[' ']);
   for (int byte = 0; byte < 256; ++byte)
