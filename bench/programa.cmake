@@ -1,11 +1,9 @@
-# Listing the favourite folders' files: bench/favoritas.
-add_executable(favoritas favoritas.cpp)
-target_link_libraries(favoritas PRIVATE main_window benchmark::benchmark)
-
-# The next file, a long list: bench/programa. It shares the recording desktop of the tests.
-add_executable(programa programa.cpp)
-target_include_directories(programa PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-target_link_libraries(programa PRIVATE main_window recursos benchmark::benchmark)
+# What the user waits for, next to its floor: bench/tabla. It shares the recording desktop of the
+# tests.
+add_executable(tabla tabla.cpp tabla_archivos.cpp tabla_lista.cpp tabla_ventanas.cpp
+                     tabla_vista.cpp mesa.cpp suelos.cpp ventanas.cpp)
+target_include_directories(tabla PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
+target_link_libraries(tabla PRIVATE main_window recursos)
 
 # The floor under the start of the program, measured by arranque.py.
 add_executable(vacio vacio.cpp)
