@@ -55,7 +55,8 @@ void FilaUnoAUno(Tabla& tabla, int cuantos) {
   tabla.Medir({"list, one by one", Archivos(cuantos), cuantos, PorArchivo}, anadir, suelo);
 }
 
-// Folders with a thousand texts each.
+// Folders with a thousand texts each. They are made once: where many files were deleted a moment
+// ago a disk takes its time to make others.
 class Carpetas {
  public:
   explicit Carpetas(int cuantas) {
@@ -69,24 +70,23 @@ class Carpetas {
       }
     }
   }
-  const QStringList& Nombres() const { return nombres_; }
-  int Total() const { return PorCarpeta * static_cast<int>(nombres_.size()); }
-
-  int LeerSolo() const {
-    int hallados = 0;
-    for (const QString& nombre : nombres_) {
-      DIR* carpeta = ::opendir(RutaDelSistema(nombre).constData());
-      while (const dirent* entrada = ::readdir(carpeta))
-        if (entrada->d_name[0] != '.') ++hallados;
-      ::closedir(carpeta);
-    }
-    return hallados;
-  }
+  QStringList Primeras(int cuantas) const { return nombres_.first(cuantas); }
 
  private:
   QTemporaryDir raiz_;
   QStringList nombres_;
 };
+
+int Entradas(const QStringList& carpetas) {
+  int halladas = 0;
+  for (const QString& nombre : carpetas) {
+    DIR* carpeta = ::opendir(RutaDelSistema(nombre).constData());
+    while (const dirent* entrada = ::readdir(carpeta))
+      if (entrada->d_name[0] != '.') ++halladas;
+    ::closedir(carpeta);
+  }
+  return halladas;
+}
 
 double Listar(Ventanas& ventanas, int total) {
   const double segundos = Segundos([&] {
@@ -97,22 +97,21 @@ double Listar(Ventanas& ventanas, int total) {
   return segundos;
 }
 
-void FilasFavoritas(Tabla& tabla, int cuantas) {
-  const Carpetas carpetas(cuantas);
-  const int total = carpetas.Total();
+void FilasFavoritas(Tabla& tabla, const QStringList& carpetas) {
+  const int total = PorCarpeta * static_cast<int>(carpetas.size());
   Ventanas listadas;  // what lists them once more
-  GuardarFavoritas(listadas.Gral(), carpetas.Nombres());
+  GuardarFavoritas(listadas.Gral(), carpetas);
   Listar(listadas, total);
   const auto listar = [&] {
     Ventanas ventanas;
-    GuardarFavoritas(ventanas.Gral(), carpetas.Nombres());
+    GuardarFavoritas(ventanas.Gral(), carpetas);
     return Listar(ventanas, total);
   };
   Vacia vacia(listadas.TamanoLista());
   const auto suelo = [&] {
     int hallados = 0;
     const double segundos = Segundos([&] {
-      hallados = carpetas.LeerSolo();
+      hallados = Entradas(carpetas);
       vacia.Pintar();
     });
     Exigir(hallados == total, "the folders hold another number of files");
@@ -128,5 +127,6 @@ void FilasFavoritas(Tabla& tabla, int cuantas) {
 
 void MedirLista(Tabla& tabla) {
   for (const int cuantos : {512, 2048, 8192, 32767}) FilaUnoAUno(tabla, cuantos);
-  for (const int cuantas : {1, 8, 30}) FilasFavoritas(tabla, cuantas);
+  const Carpetas carpetas(30);
+  for (const int cuantas : {1, 8, 30}) FilasFavoritas(tabla, carpetas.Primeras(cuantas));
 }
