@@ -1,6 +1,7 @@
 #include "platform/aplicacion.h"
 
 #include <csignal>
+#include <system_error>
 
 #include <QLocale>
 #include <QPalette>
@@ -52,17 +53,43 @@ void Aplicacion::Plataforma::Soltar() const {
 Aplicacion::Aplicacion(char* programa)
     : argumentos_{programa, nullptr}, aplicacion_(cuantos_, argumentos_.data()) {
   plataforma_.Soltar();
+  AdelantarFuentes();
   std::signal(SIGXFSZ, SIG_IGN);  // a save beyond the size limit fails with a reason instead
   QApplication::setQuitOnLastWindowClosed(false);
   PonerIdioma();
   PonerAspecto();
 }
 
+// The catalogue of fonts is read while the windows are made and wait for the desktop and the screen
+// readers' bus: it takes a good part of the start, and no other part needs it before the first
+// letter is drawn.
+void Aplicacion::AdelantarFuentes() {
+  try {
+    catalogo_ = std::jthread(LeerCatalogoFuentes);
+  } catch (const std::system_error&) {  // no thread to be had: it is read with that letter
+    return;
+  }
+}
+
+int Aplicacion::Ejecutar() {
+  if (catalogo_.joinable()) {
+    catalogo_.join();
+  }
+  return QApplication::exec();
+}
+
 void Aplicacion::PonerIdioma() {
   QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
-  if (traductor_.load(QStringLiteral(":/traducciones/qtbase_es.qm"))) {
-    QCoreApplication::installTranslator(&traductor_);
+  QGuiApplication::setLayoutDirection(Qt::LeftToRight);  // else it is looked up in the texts
+  QCoreApplication::installTranslator(&traductor_);
+}
+
+QString Aplicacion::Traductor::translate(const char* contexto, const char* texto,
+                                         const char* aclaracion, int cuantos) const {
+  if (textos_.isEmpty()) {
+    (void)textos_.load(QStringLiteral(":/traducciones/qtbase_es.qm"));
   }
+  return textos_.translate(contexto, texto, aclaracion, cuantos);
 }
 
 void Aplicacion::PonerAspecto() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <thread>
 
 #include <QApplication>
 #include <QTranslator>
@@ -9,7 +10,7 @@
 class Aplicacion {
  public:
   explicit Aplicacion(char* programa);
-  static int Ejecutar() { return QApplication::exec(); }
+  int Ejecutar();
 
  private:
   // No window can be placed or kept on top under native Wayland: X11 comes first where the user
@@ -21,6 +22,18 @@ class Aplicacion {
     bool elegida;
   };
 
+  // The toolkit's own texts, read when the first of them is wanted.
+  class Traductor : public QTranslator {
+   public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* contexto, const char* texto, const char* aclaracion,
+                      int cuantos) const override;
+
+   private:
+    mutable QTranslator textos_;
+  };
+
+  void AdelantarFuentes();
   void PonerIdioma();
   static void PonerAspecto();
 
@@ -28,5 +41,6 @@ class Aplicacion {
   std::array<char*, 2> argumentos_;
   int cuantos_ = 1;  // the program takes no arguments, so the toolkit is shown none
   QApplication aplicacion_;
-  QTranslator traductor_;
+  Traductor traductor_;
+  std::jthread catalogo_;
 };

@@ -1,5 +1,7 @@
 #include "platform/fuentes.h"
 
+#include <dlfcn.h>
+
 #include <QGuiApplication>
 #include <QHash>
 #include <QScreen>
@@ -33,4 +35,10 @@ QFont FuenteDe(const FuenteTexto& texto) {
   fuente.setUnderline(texto.subrayada);
   fuente.setStrikeOut(texto.tachada);
   return fuente;
+}
+
+void LeerCatalogoFuentes() {
+  if (const auto leer = reinterpret_cast<int (*)()>(::dlsym(RTLD_DEFAULT, "FcInit"))) {
+    leer();
+  }
 }

@@ -114,6 +114,7 @@ void CajaTexto::CursorMovido() {
 
 // Later where that cannot be done yet.
 void CajaTexto::MostrarCursor() {
+  if (documento_.Tamano() == 0) return;
   mostrar_cursor_ = !isVisible() || !encuadre_.Cerca(cursor_);
   if (!mostrar_cursor_) encuadre_.Mostrar(cursor_);
 }
@@ -149,6 +150,12 @@ void CajaTexto::Redibujar() {
 }
 
 void CajaTexto::ActualizarBarras() {
+  if (documento_.Tamano() == 0) {  // not even the font is needed to know
+    encuadre_.PonerX(0);
+    vertical_.Poner(0, 0, 1, 1);
+    horizontal_.Poner(0, 0, encuadre_.Tamano().width(), PasoHorizontal);
+    return;
+  }
   const Renglones& filas = encuadre_.Reparto();
   encuadre_.PonerX(encuadre_.X());
   const Posicion arriba = encuadre_.Arriba();  // asked first: the answer may make more rows known

@@ -139,7 +139,7 @@ std::int64_t Encuadre::MaximoX() const {
 
 void Encuadre::PonerX(std::int64_t x) {
   x_ = std::max<std::int64_t>(0, x);
-  if (ajustado_ || Reparto().Completo()) x_ = std::min(x_, MaximoX());
+  if (x_ > 0 && (ajustado_ || Reparto().Completo())) x_ = std::min(x_, MaximoX());
 }
 
 void Encuadre::Mostrar(const Lugar& lugar) {
