@@ -1,5 +1,5 @@
 """How long the program takes from its start to its two windows on the screen, next to an empty Qt
-Widgets program with one window and with two:
+Widgets program with one window, with two, and with two of which one shows two digits:
     python3 bench/arranque.py build/release/bin build/release/bench/vacio [starts of each]
 The X server says when a window's inside has been drawn whole (its DAMAGE extension), on a screen of
 its own with a window manager. The programs take turns; the first round warms the caches and does
@@ -125,6 +125,7 @@ def principal(binarios, vacio, veces=30):
         del os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]  # nobody reads this screen aloud
         (escritorio.bin / "Velda.INI").write_bytes(AJUSTES.encode("cp1252"))
         programas = {"empty, 1 window": ([vacio, "1"], 1), "empty, 2 windows": ([vacio, "2"], 2),
+                     "2 windows, 2 digits": ([vacio, "2", "00"], 2),
                      "velda": ([str(escritorio.bin / "velda")], 2)}
         tomadas = {nombre: [] for nombre in programas}
         vigia = Vigia()
@@ -133,8 +134,8 @@ def principal(binarios, vacio, veces=30):
                 tomada = arrancar(vigia, orden, ventanas)
                 if vuelta > 0:
                     tomadas[nombre].append(tomada)
-    print("ms: median (lowest)      first picture      last picture        processor   / 1   / 2")
-    suelos = [statistics.median(t[0] for t in suelo) for suelo in list(tomadas.values())[:2]]
+    print("ms: median (lowest)      first picture      last picture        processor   / 1   / 2   / digits")
+    suelos = [statistics.median(t[0] for t in suelo) for suelo in list(tomadas.values())[:3]]
     for nombre, suyas in tomadas.items():
         columnas = [f"{statistics.median(c):8.1f} ({min(c):6.1f})" for c in zip(*suyas)]
         veces_suelo = [f"{statistics.median(t[0] for t in suyas) / suelo:6.2f}" for suelo in suelos]
