@@ -1,5 +1,6 @@
 // The widest line: what each block keeps of it, and how that follows the text.
 #include <algorithm>
+#include <bit>
 #include <chrono>
 
 #include "text_box/rastreo.h"
@@ -87,18 +88,36 @@ bool RenglonesLineas::Maximo(std::size_t bloque, int& bloques) {
     pos = PrimerFin(texto, pos, fin);
     if (pos < fin) pos = texto.TrasElFin(pos);
   }
-  Punto maximo = 0;
-  while (pos < fin) {
-    Posicion fin_linea = PrimerFin(texto, pos, fin);
-    const bool sigue = fin_linea == fin;
-    if (sigue) fin_linea = lineas_->FinDe(pos);
+  Punto maximo = MasAncha(texto, pos, fin);
+  if (pos < fin) {  // the last one goes on behind the block
+    const Posicion fin_linea = lineas_->FinDe(pos);
     if (!curvas_.Preparar(bloque + 1, fin, fin_linea, bloques)) return false;
-    maximo = std::max(
-        maximo, sigue ? XDe(pos, fin_linea) : curvas_.LaPluma().Medir(texto, pos, fin_linea, 0));
-    pos = sigue ? fin : texto.TrasElFin(fin_linea);
+    maximo = std::max(maximo, XDe(pos, fin_linea));
   }
   maximos_[bloque] = maximo;
   return true;
+}
+
+// Of the lines that end in [desde, hasta); the first starts at `desde`, which is moved behind the
+// end of the last. A line is not measured that is too short to be the widest.
+Punto RenglonesLineas::MasAncha(const Trozos& texto, Posicion& desde, Posicion hasta) const {
+  constexpr Posicion ventana = 64;
+  const Pluma& pluma = curvas_.LaPluma();
+  const Punto por_byte = std::max(pluma.Maximo(), pluma.Tabulador());
+  Punto maximo = 0;
+  Posicion n = 0;
+  for (Posicion pos = desde; pos < hasta; pos += n) {
+    n = std::min({ventana, hasta - pos, texto.FinTrozo(pos) - pos});
+    const Mascaras mascaras = Mirar(texto, pos, static_cast<std::size_t>(n));
+    for (std::uint64_t fines = mascaras.lf | mascaras.cr; fines != 0; fines &= fines - 1) {
+      const Posicion fin = pos + std::countr_zero(fines);
+      if ((fin - desde) * por_byte > maximo) {
+        maximo = std::max(maximo, pluma.Medir(texto, desde, fin, 0));
+      }
+      desde = fin + 1;  // between CR and LF there is an empty line more
+    }
+  }
+  return maximo;
 }
 
 Punto RenglonesLineas::AnchoMaximo() const {

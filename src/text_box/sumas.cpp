@@ -3,37 +3,44 @@
 #include <algorithm>
 #include <iterator>
 
-namespace {
-
-constexpr std::size_t PorGrupo = Sumas::PorGrupo;
-
-// Runs through groups, then through the blocks of one, as long as `queda_atras` says that all of
-// what was summed up so far, with the next, lies before what is sought.
-template <typename Grupo, typename QuedaAtras>
-Sumas::Lugar Buscar(const std::vector<Sumas::Bloque>& bloques, const std::vector<Grupo>& grupos,
-                    QuedaAtras queda_atras) {
-  Sumas::Lugar lugar;
-  std::size_t grupo = 0;
-  while (grupo < grupos.size() &&
-         queda_atras(lugar.bytes + grupos[grupo].bytes, lugar.cuenta + grupos[grupo].cuenta)) {
-    lugar.bytes += grupos[grupo].bytes;
-    lugar.cuenta += grupos[grupo].cuenta;
-    ++grupo;
+// On over the groups as long as `queda_atras`, told of a group, the bytes and the count up to its
+// end, says that it lies before what is sought.
+template <typename QuedaAtras>
+Sumas::Parada Sumas::LlegarAlGrupo(QuedaAtras queda_atras) const {
+  const bool de_nuevo = parada_.grupo > 0 &&
+                        !queda_atras(parada_.grupo - 1, parada_.antes.bytes, parada_.antes.cuenta);
+  Parada parada = de_nuevo ? Parada() : parada_;
+  for (; parada.grupo < grupos_.size(); ++parada.grupo) {
+    const Grupo& grupo = grupos_[parada.grupo];
+    const Grupo hasta{parada.antes.bytes + grupo.bytes, parada.antes.cuenta + grupo.cuenta};
+    if (!queda_atras(parada.grupo, hasta.bytes, hasta.cuenta)) break;
+    parada.antes = hasta;
   }
-  lugar.bloque = std::min(grupo * PorGrupo, bloques.size());
-  while (lugar.bloque < bloques.size()) {
-    const Sumas::Bloque& bloque = bloques[lugar.bloque];
+  if (parada.grupo < grupos_.size()) parada_ = parada;  // the last group still grows
+  return parada;
+}
+
+template <typename QuedaAtras>
+Sumas::Lugar Sumas::Buscar(QuedaAtras queda_atras) const {
+  const Parada parada = LlegarAlGrupo(
+      [&](std::size_t, Posicion bytes, std::int64_t cuenta) { return queda_atras(bytes, cuenta); });
+  Lugar lugar{std::min(parada.grupo * PorGrupo, bloques_.size()), parada.antes.bytes,
+              parada.antes.cuenta};
+  for (; lugar.bloque < bloques_.size(); ++lugar.bloque) {
+    const Bloque& bloque = bloques_[lugar.bloque];
     if (!queda_atras(lugar.bytes + bloque.bytes, lugar.cuenta + bloque.cuenta)) break;
     lugar.bytes += bloque.bytes;
     lugar.cuenta += bloque.cuenta;
-    ++lugar.bloque;
   }
   return lugar;
 }
 
-}  // namespace
+void Sumas::OlvidarParada(std::size_t bloque) {
+  if (bloque / PorGrupo < parada_.grupo) parada_ = {};
+}
 
 void Sumas::Vaciar() {
+  OlvidarParada(0);
   bloques_.clear();
   grupos_.clear();
   total_ = {};
@@ -49,6 +56,7 @@ void Sumas::Agregar(Bloque bloque) {
 }
 
 void Sumas::Sustituir(std::size_t desde, std::size_t hasta, std::span<const Bloque> nuevos) {
+  OlvidarParada(desde);
   const std::size_t quitados = hasta - desde;
   const bool tantos = quitados == nuevos.size();  // if not, all that follow move
   const std::size_t primero = desde / PorGrupo;
@@ -72,6 +80,7 @@ void Sumas::Sustituir(std::size_t desde, std::size_t hasta, std::span<const Bloq
 }
 
 void Sumas::Sumar(std::size_t bloque, std::uint32_t cuenta) {
+  OlvidarParada(bloque);
   bloques_[bloque].cuenta += cuenta;
   grupos_[bloque / PorGrupo].cuenta += cuenta;
   total_.cuenta += cuenta;
@@ -97,13 +106,10 @@ void Sumas::Totalizar(const Grupo& grupo, int signo) {
 }
 
 Sumas::Lugar Sumas::Donde(std::size_t bloque) const {
-  Lugar lugar;
-  lugar.bloque = bloque;
-  for (std::size_t i = 0; i < bloque / PorGrupo; ++i) {
-    lugar.bytes += grupos_[i].bytes;
-    lugar.cuenta += grupos_[i].cuenta;
-  }
-  for (std::size_t i = bloque / PorGrupo * PorGrupo; i < bloque; ++i) {
+  const Parada parada = LlegarAlGrupo(
+      [bloque](std::size_t grupo, Posicion, std::int64_t) { return grupo < bloque / PorGrupo; });
+  Lugar lugar{bloque, parada.antes.bytes, parada.antes.cuenta};
+  for (std::size_t i = parada.grupo * PorGrupo; i < bloque; ++i) {
     lugar.bytes += bloques_[i].bytes;
     lugar.cuenta += bloques_[i].cuenta;
   }
@@ -111,9 +117,9 @@ Sumas::Lugar Sumas::Donde(std::size_t bloque) const {
 }
 
 Sumas::Lugar Sumas::PorPosicion(Posicion pos) const {
-  return Buscar(bloques_, grupos_, [pos](Posicion bytes, std::int64_t) { return bytes <= pos; });
+  return Buscar([pos](Posicion bytes, std::int64_t) { return bytes <= pos; });
 }
 
 Sumas::Lugar Sumas::PorCuenta(std::int64_t n) const {
-  return Buscar(bloques_, grupos_, [n](Posicion, std::int64_t cuenta) { return cuenta <= n; });
+  return Buscar([n](Posicion, std::int64_t cuenta) { return cuenta <= n; });
 }

@@ -1,8 +1,10 @@
 // Sums over a text cut into blocks: which block holds a position, how much is counted before it.
 //
-// A flat vector of {bytes, count} per block, with 64-bit sums per group of 64 blocks. Both ways
-// of asking run through the groups, then through one group's blocks. A text of 1 GB has some
-// 4,000 groups: a search is a matter of microseconds, and there is no tree to keep in balance.
+// A flat vector of {bytes, count} per block, with 64-bit sums per group of 64 blocks. All ways of
+// asking run through the groups, then through one group's blocks. A text of 1 GB has some 4,000
+// groups: a search is a matter of microseconds, and there is no tree to keep in balance. Who asks
+// for one block after the other does not run through the groups again: a search goes on from the
+// group that the last one came to, unless it leads further back.
 #pragma once
 
 #include <cstddef>
@@ -50,6 +52,17 @@ class Sumas {
     Posicion bytes = 0;
     std::int64_t cuenta = 0;
   };
+  // A group with the sum of those before it.
+  struct Parada {
+    std::size_t grupo = 0;
+    Grupo antes;
+  };
+  template <typename QuedaAtras>
+  Parada LlegarAlGrupo(QuedaAtras queda_atras) const;
+  template <typename QuedaAtras>
+  Lugar Buscar(QuedaAtras queda_atras) const;
+  void OlvidarParada(std::size_t bloque);  // it changes
+
   static std::size_t Grupos(std::size_t bloques);
   Grupo SumaDeGrupo(std::size_t grupo) const;
   void Totalizar(const Grupo& grupo, int signo);
@@ -57,4 +70,5 @@ class Sumas {
   std::vector<Bloque> bloques_;
   std::vector<Grupo> grupos_;
   Grupo total_;
+  mutable Parada parada_;  // where the last search came to
 };
