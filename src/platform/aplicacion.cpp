@@ -53,17 +53,21 @@ void Aplicacion::Plataforma::Soltar() const {
 Aplicacion::Aplicacion(char* programa)
     : argumentos_{programa, nullptr}, aplicacion_(cuantos_, argumentos_.data()) {
   plataforma_.Soltar();
-  AdelantarFuentes();
   std::signal(SIGXFSZ, SIG_IGN);  // a save beyond the size limit fails with a reason instead
+  AdelantarFuentes();
   QApplication::setQuitOnLastWindowClosed(false);
   PonerIdioma();
   PonerAspecto();
 }
 
 // The catalogue of fonts is read while the windows are made and wait for the desktop and the screen
-// readers' bus: it takes a good part of the start, and no other part needs it before the first
-// letter is drawn.
+// readers' bus: it takes a good part of the start, and an empty list and an empty text need it for
+// the first letter only. Where the list is filled at once, the toolkit may read it a second time
+// beside the thread. Under Wayland showing a window may change the environment.
 void Aplicacion::AdelantarFuentes() {
+  if (QGuiApplication::platformName() != u"xcb") {
+    return;
+  }
   try {
     catalogo_ = std::jthread(LeerCatalogoFuentes);
   } catch (const std::system_error&) {  // no thread to be had: it is read with that letter
@@ -86,9 +90,8 @@ void Aplicacion::PonerIdioma() {
 
 QString Aplicacion::Traductor::translate(const char* contexto, const char* texto,
                                          const char* aclaracion, int cuantos) const {
-  if (textos_.isEmpty()) {
-    (void)textos_.load(QStringLiteral(":/traducciones/qtbase_es.qm"));
-  }
+  std::call_once(leidos_,
+                 [&] { (void)textos_.load(QStringLiteral(":/traducciones/qtbase_es.qm")); });
   return textos_.translate(contexto, texto, aclaracion, cuantos);
 }
 

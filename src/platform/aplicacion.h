@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <mutex>
 #include <thread>
 
 #include <QApplication>
@@ -30,6 +31,7 @@ class Aplicacion {
                       int cuantos) const override;
 
    private:
+    mutable std::once_flag leidos_;  // any thread may want one
     mutable QTranslator textos_;
   };
 

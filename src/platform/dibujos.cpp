@@ -22,9 +22,12 @@ QString ArchivoDe(const QString& nombre) {
 QImage Hecho(const QString& nombre, QSize pixeles) {
   QFile archivo(
       QStringLiteral(":/hechos/%1_%2x%3").arg(nombre).arg(pixeles.width()).arg(pixeles.height()));
+  if (!archivo.open(QIODevice::ReadOnly)) {
+    return {};
+  }
   QImage imagen(pixeles, QImage::Format_ARGB32_Premultiplied);
   const bool leida =
-      archivo.open(QIODevice::ReadOnly) && archivo.size() == imagen.sizeInBytes() &&
+      archivo.size() == imagen.sizeInBytes() &&
       archivo.read(reinterpret_cast<char*>(imagen.bits()), archivo.size()) == archivo.size();
   return leida ? imagen : QImage();
 }
@@ -46,7 +49,9 @@ class MotorSvg : public QIconEngine {
   }
   QPixmap pixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State estado) override {
     if (modo == QIcon::Normal) {
-      return Dibujo(nombre_, tamano, 1);
+      if (const QImage hecho = Hecho(nombre_, tamano); !hecho.isNull()) {
+        return QPixmap::fromImage(hecho);
+      }
     }
     QPixmap lienzo(tamano);
     lienzo.fill(Qt::transparent);

@@ -1,6 +1,7 @@
 #include "platform/papelera.h"
 
 #include <memory>
+#include <type_traits>
 
 #include <QFile>
 #include <QLibrary>

@@ -114,8 +114,8 @@ void CajaTexto::CursorMovido() {
 
 // Later where that cannot be done yet.
 void CajaTexto::MostrarCursor() {
+  mostrar_cursor_ = documento_.Tamano() > 0 && (!isVisible() || !encuadre_.Cerca(cursor_));
   if (documento_.Tamano() == 0) return;
-  mostrar_cursor_ = !isVisible() || !encuadre_.Cerca(cursor_);
   if (!mostrar_cursor_) encuadre_.Mostrar(cursor_);
 }
 

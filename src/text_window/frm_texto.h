@@ -80,7 +80,7 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   FraGuardar* FraGuardar_ = nullptr;    // null until they are needed
   FraOpciones* FraOpciones_ = nullptr;
   FraFavoritas* FraFavoritas_ = nullptr;
-  bool favoritas_al_inicio_ = false;  // as stored, until its check box is there
+  bool favoritas_al_inicio_ = false;  // as stored; its check box, once made, has the say
   Aspecto aspecto_;
   NumeroColor color_dialogo_ = NumeroNegro;  // what the font and colour dialogs held last
 };

@@ -16,6 +16,8 @@ FraGuardar& FrmTexto::Guardar() {
     FraGuardar_ = new FraGuardar(this);
     connect(FraGuardar_->CmdGuardar, &QToolButton::clicked, this, &FrmTexto::CmdGuardar_Click);
     connect(FraGuardar_->CmdCancelar, &QToolButton::clicked, this, &FrmTexto::CmdCancelar_Click);
+    setTabOrder(TextBox[1], FraGuardar_->CmdGuardar);  // whichever panel was made before
+    setTabOrder(FraGuardar_->CmdGuardar, FraGuardar_->CmdCancelar);
     ColocarGuardar();
     PintarPaneles();
     for (QWidget* panel : std::initializer_list<QWidget*>{FraOpciones_, FraFavoritas_}) {

@@ -204,4 +204,19 @@ TEST_F(LasOpciones, tab_walks_round_the_panel) {
             "ChkFavoritas ChkAjustar CmdCerrar CmdFuente");
 }
 
+TEST_F(LasOpciones, the_save_panel_comes_before_the_others_whichever_was_made_first) {
+  Abrir();
+  AbrirPanel();
+  Panel().CmdCerrar->click();
+  QTest::keyClicks(&Caja(0), "a");
+  gral.ArchivoNuevo = false;
+  principal.DarFoco();
+  AbrirPanel();
+  Caja(0).setFocus();
+  QTest::keyClick(&Caja(0), Qt::Key_Backtab);
+  EXPECT_EQ(texto->focusWidget(), Panel().CmdCerrar);
+  const QObjectList hijos = texto->children();
+  EXPECT_LT(hijos.indexOf(&El<QWidget>("FraGuardar")), hijos.indexOf(&Panel())) << "lies below it";
+}
+
 }  // namespace
