@@ -91,6 +91,8 @@ arrancar() {
   export DISPLAY=:$pantalla
   openbox >/dev/null 2>&1 &
   procesos+=($!)
+  timeout "$PLAZO" sh -c 'until wmctrl -m >/dev/null 2>&1; do sleep 0.1; done' ||
+    fallar "no window manager"
   chroot --userspec=persona:persona "$sistema" env -i HOME=/home/persona DISPLAY="$DISPLAY" \
     PATH=/usr/bin:/bin velda >"$sistema.dicho" 2>&1 </dev/null &
   programa=$!
