@@ -5,11 +5,11 @@
 #include "shared/mod_gral.h"
 
 int main(int /*argc*/, char** argv) {
-  Aplicacion aplicacion(argv[0]);
+  const Aplicacion aplicacion(argv[0]);
   EscritorioReal escritorio;
   AccesoPerfilArchivo ajustes;
   ModGral gral(ajustes);
   FrmMain principal(gral, escritorio.Servicios());
   principal.MostrarSinActivar();
-  return aplicacion.Ejecutar();
+  return Aplicacion::Ejecutar();
 }

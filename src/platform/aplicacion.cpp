@@ -62,8 +62,7 @@ Aplicacion::Aplicacion(char* programa)
 
 // The catalogue of fonts is read while the windows are made and wait for the desktop and the screen
 // readers' bus: it takes a good part of the start, and an empty list and an empty text need it for
-// the first letter only. Where the list is filled at once, the toolkit may read it a second time
-// beside the thread. Under Wayland showing a window may change the environment.
+// the first letter only. Under Wayland showing a window may change the environment.
 void Aplicacion::AdelantarFuentes() {
   if (QGuiApplication::platformName() != u"xcb") {
     return;
@@ -73,13 +72,6 @@ void Aplicacion::AdelantarFuentes() {
   } catch (const std::system_error&) {  // no thread to be had: it is read with that letter
     return;
   }
-}
-
-int Aplicacion::Ejecutar() {
-  if (catalogo_.joinable()) {
-    catalogo_.join();
-  }
-  return QApplication::exec();
 }
 
 void Aplicacion::PonerIdioma() {

@@ -11,7 +11,7 @@
 class Aplicacion {
  public:
   explicit Aplicacion(char* programa);
-  int Ejecutar();
+  static int Ejecutar() { return QApplication::exec(); }
 
  private:
   // No window can be placed or kept on top under native Wayland: X11 comes first where the user

@@ -1,7 +1,6 @@
 #include "platform/fuentes.h"
 
-#include <dlfcn.h>
-
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QHash>
 #include <QScreen>
@@ -38,7 +37,5 @@ QFont FuenteDe(const FuenteTexto& texto) {
 }
 
 void LeerCatalogoFuentes() {
-  if (const auto leer = reinterpret_cast<int (*)()>(::dlsym(RTLD_DEFAULT, "FcInit"))) {
-    leer();
-  }
+  (void)QFontDatabase::hasFamily(FamiliaQueSeDibuja(FuenteControles));
 }

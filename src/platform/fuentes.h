@@ -20,9 +20,9 @@ struct FuenteTexto {
 QFont FuenteDe(const QString& nombre, qreal puntos);
 QFont FuenteDe(const FuenteTexto& texto);
 
-// Reads what fonts the system has, through the library that the toolkit brings for it and asks with
-// the first text that is drawn; without effect where there is none. May run in a thread while no
-// other changes the environment or the locale.
+// Has the toolkit read what fonts the system has, as it does with the first text that is drawn. May
+// run in a thread of its own, which others that need a font wait for, while nothing changes the
+// environment or the locale.
 void LeerCatalogoFuentes();
 
 inline const QString FuenteControles = QStringLiteral("MS Sans Serif");
