@@ -39,11 +39,12 @@ void FrmMain::CrearIconos() {
     ImgSel[i]->setAttribute(Qt::WA_TransparentForMouseEvents);
     ImgSel[i]->hide();
   }
+  const QCursor puntero = Puntero(QStringLiteral("puntero_menu"), 12, 1);
   for (int i = 0; i < Iconos; ++i) {
     ImgMenu[i] = new Imagen(this);
     Colocar(*ImgMenu[i], QStringLiteral("ImgMenu(%1)").arg(i), Comandos()[i].menu);
     ImgMenu[i]->setAccessibleName(Comandos()[i].texto.toString());
-    ImgMenu[i]->setCursor(Puntero(QStringLiteral("puntero_menu"), 12, 1));
+    ImgMenu[i]->setCursor(puntero);
     connect(ImgMenu[i], &Imagen::RatonMovido, this, [this, i] { ImgMenu_MouseMove(i); });
     connect(ImgMenu[i], &Imagen::Pulsada, this, [this, i] { ImgMenu_Click(i); });
   }

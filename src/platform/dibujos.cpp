@@ -1,11 +1,9 @@
 #include "platform/dibujos.h"
 
-#include <memory>
 #include <utility>
 
 #include <QFile>
 #include <QGuiApplication>
-#include <QHash>
 #include <QIconEngine>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -32,43 +30,28 @@ QImage Hecho(const QString& nombre, QSize pixeles) {
   return leida ? imagen : QImage();
 }
 
-// Draws an icon anew at each size that is asked for, so that it is never stretched.
+// Draws an icon anew at each size that is asked for, so that it is never stretched. No icon here is
+// ever disabled.
 class MotorSvg : public QIconEngine {
  public:
   explicit MotorSvg(QString nombre) : nombre_(std::move(nombre)) {}
 
-  void paint(QPainter* pintor, const QRect& rect, QIcon::Mode modo,
+  void paint(QPainter* pintor, const QRect& rect, QIcon::Mode /*modo*/,
              QIcon::State /*estado*/) override {
-    if (modo == QIcon::Disabled) {
-      pintor->setOpacity(0.4);
-    }
-    if (dibujo_ == nullptr) {
-      dibujo_ = std::make_shared<QSvgRenderer>(ArchivoDe(nombre_));
-    }
-    dibujo_->render(pintor, rect);
+    QSvgRenderer(ArchivoDe(nombre_)).render(pintor, rect);
   }
-  QPixmap pixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State estado) override {
-    if (modo == QIcon::Normal) {
-      if (const QImage hecho = Hecho(nombre_, tamano); !hecho.isNull()) {
-        return QPixmap::fromImage(hecho);
-      }
-    }
-    QPixmap lienzo(tamano);
-    lienzo.fill(Qt::transparent);
-    QPainter pintor(&lienzo);
-    paint(&pintor, lienzo.rect(), modo, estado);
-    return lienzo;
+  QPixmap pixmap(const QSize& tamano, QIcon::Mode /*modo*/, QIcon::State /*estado*/) override {
+    return Dibujo(nombre_, tamano, 1);
   }
   // A window hands each of these to the desktop before it is shown.
   QList<QSize> availableSizes(QIcon::Mode /*modo*/, QIcon::State /*estado*/) override {
     return {{16, 16}, {24, 24}, {32, 32}, {48, 48}, {64, 64}};
   }
   bool isNull() override { return false; }
-  QIconEngine* clone() const override { return new MotorSvg(*this); }
+  QIconEngine* clone() const override { return new MotorSvg(nombre_); }
 
  private:
   QString nombre_;
-  std::shared_ptr<QSvgRenderer> dibujo_;  // read when it is first drawn
 };
 
 }  // namespace
@@ -90,13 +73,6 @@ QIcon Icono(const QString& nombre) {
   return QIcon(new MotorSvg(nombre));
 }
 
-// Many controls share a pointer: it is drawn for the first of them.
 QCursor Puntero(const QString& nombre, int x, int y) {
-  static QHash<QString, QCursor> dibujados;
-  const auto dibujado = dibujados.constFind(nombre);
-  if (dibujado != dibujados.cend()) {
-    return *dibujado;
-  }
-  const QCursor nuevo(Dibujo(nombre, TamanoPuntero, qGuiApp->devicePixelRatio()), x, y);
-  return *dibujados.insert(nombre, nuevo);
+  return QCursor(Dibujo(nombre, TamanoPuntero, qGuiApp->devicePixelRatio()), x, y);
 }

@@ -16,7 +16,7 @@ void CajaTexto::paintEvent(QPaintEvent* /*evento*/) {
 }
 
 void CajaTexto::PintarFilas(QPainter& pintor) {
-  if (documento_.Tamano() == 0 && composicion_.Vacia()) return;
+  if (Vacia() && composicion_.Vacia()) return;
   PintorTexto filas(pintor, documento_.Texto(), encuadre_, aspecto_);
   const Renglones& reparto = encuadre_.Reparto();
   const Posicion compuesta = composicion_.Vacia() ? -1 : encuadre_.FilaDe(cursor_);

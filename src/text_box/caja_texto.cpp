@@ -114,9 +114,8 @@ void CajaTexto::CursorMovido() {
 
 // Later where that cannot be done yet.
 void CajaTexto::MostrarCursor() {
-  mostrar_cursor_ = documento_.Tamano() > 0 && (!isVisible() || !encuadre_.Cerca(cursor_));
-  if (documento_.Tamano() == 0) return;
-  if (!mostrar_cursor_) encuadre_.Mostrar(cursor_);
+  mostrar_cursor_ = !Vacia() && (!isVisible() || !encuadre_.Cerca(cursor_));
+  if (!mostrar_cursor_ && !Vacia()) encuadre_.Mostrar(cursor_);
 }
 
 void CajaTexto::Reemplazado(const Cambio& cambio) {
@@ -150,7 +149,7 @@ void CajaTexto::Redibujar() {
 }
 
 void CajaTexto::ActualizarBarras() {
-  if (documento_.Tamano() == 0) {  // not even the font is needed to know
+  if (Vacia()) {
     encuadre_.PonerX(0);
     vertical_.Poner(0, 0, 1, 1);
     horizontal_.Poner(0, 0, encuadre_.Tamano().width(), PasoHorizontal);

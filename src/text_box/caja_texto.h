@@ -107,6 +107,8 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   enum class Columna { Olvidar, Conservar };
   void Colocar(const Lugar& lugar, Seleccion seleccion, Columna columna = Columna::Olvidar);
   void CursorMovido();
+  // Its first picture asks for neither rows nor font: every start shows it.
+  bool Vacia() const { return documento_.Tamano() == 0; }
   void MostrarCursor();
   void Trabajar();  // on what is not known yet of the rows
   Posicion Desde() const { return std::min(cursor_.pos, ancla_); }

@@ -67,6 +67,10 @@ void Documento::Reemplazar(Posicion pos, Posicion quitados, Pieza nueva, Agrupac
   const Cambio cambio = Canjear(operacion, quitados, std::move(nueva));
   if (cambio.puestos == 0) extremos = {operacion.fuera.Primero(), operacion.fuera.Ultimo()};
   historial_.Anotar(std::move(operacion), agrupacion, extremos, Ahora());
+  Avisar(cambio);
+}
+
+void Documento::Avisar(const Cambio& cambio) const {
   for (Observador* observador : observadores_) observador->Reemplazado(cambio);
 }
 
@@ -86,26 +90,21 @@ Cambio Documento::PorHacer(const Operacion* operacion) {
 }
 
 Cambio Documento::Deshacer() {
-  CerrarGrupo();
-  if (!PuedeDeshacer()) return {-1, 0, 0};
-  const Cambio cambio = Invertir(*historial_.PorDeshacer());
-  historial_.Deshecha();
-  for (Observador* observador : observadores_) observador->Reemplazado(cambio);
-  return cambio;
+  return Invertir(historial_.PorDeshacer(), &Historial::Deshecha);
 }
 
 Cambio Documento::Rehacer() {
-  CerrarGrupo();
-  if (!PuedeRehacer()) return {-1, 0, 0};
-  const Cambio cambio = Invertir(*historial_.PorRehacer());
-  historial_.Rehecha();
-  for (Observador* observador : observadores_) observador->Reemplazado(cambio);
-  return cambio;
+  return Invertir(historial_.PorRehacer(), &Historial::Rehecha);
 }
 
 // Swaps what is in the text with what is not.
-Cambio Documento::Invertir(Operacion& operacion) {
-  return Canjear(operacion, operacion.dentro, std::move(operacion.fuera));
+Cambio Documento::Invertir(Operacion* operacion, void (Historial::*anotar)()) {
+  CerrarGrupo();
+  if (operacion == nullptr) return {-1, 0, 0};
+  const Cambio cambio = Canjear(*operacion, operacion->dentro, std::move(operacion->fuera));
+  (historial_.*anotar)();
+  Avisar(cambio);
+  return cambio;
 }
 
 std::string_view Documento::FinDeLinea() const {

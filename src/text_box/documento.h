@@ -66,7 +66,8 @@ class Documento {
  private:
   void Sustituir(Bytes&& bytes, Sumas&& lineas);
   Cambio Canjear(Operacion& operacion, Posicion quitados, Pieza nueva);
-  Cambio Invertir(Operacion& operacion);
+  Cambio Invertir(Operacion* operacion, void (Historial::*anotar)());
+  void Avisar(const Cambio& cambio) const;
   static Cambio PorHacer(const Operacion* operacion);
 
   Bytes bytes_;
