@@ -1,14 +1,10 @@
-// What the core of the text box costs, from 1 KB to 1 GB, for texts of four shapes, next to a plain
-// read and a plain write of the same bytes.
+// What the core of the text box costs, from 1 KB to 1 GB, for texts of four shapes.
 #include <algorithm>
 #include <array>
 #include <benchmark/benchmark.h>
-#include <cstdlib>
-#include <fcntl.h>
 #include <malloc.h>
 #include <memory>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 #include "bench/textos.h"
@@ -19,6 +15,7 @@
 namespace {
 
 constexpr Punto Pixel = 64;
+const std::vector<std::int64_t> Formas{Lineas80, UnaLinea, SoloFines, SinBlancos};
 
 Avances Fijos() {
   Avances avances;
@@ -94,77 +91,11 @@ void Pagina(const Renglones& renglones, Posicion pos) {
   benchmark::DoNotOptimize(renglones.AnchoMaximo());
 }
 
-std::string Archivo(std::int64_t n) {
-  std::string ruta = "/tmp/nucleo_textoXXXXXX";
-  const int descriptor = mkstemp(ruta.data());
-  const std::string texto = Texto(Lineas80, n);
-  if (write(descriptor, texto.data(), texto.size()) < 0) std::abort();
-  close(descriptor);
-  return ruta;
-}
-
 // What a megabyte costs.
 void PorByte(benchmark::State& estado, std::int64_t bytes) {
   estado.counters["per_MB"] = benchmark::Counter(
       static_cast<double>(estado.iterations()) * static_cast<double>(bytes) / (1 << 20),
       benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
-}
-
-void LeerSinMas(benchmark::State& estado) {
-  const std::string ruta = Archivo(estado.range(0));
-  for (auto vuelta : estado) {
-    Bytes bytes;
-    const auto n = static_cast<std::size_t>(estado.range(0));
-    const std::span<char> sitio = bytes.ReservarFinal(n);
-    const int descriptor = open(ruta.c_str(), O_RDONLY | O_CLOEXEC);
-    benchmark::DoNotOptimize(read(descriptor, sitio.data(), n));
-    close(descriptor);
-  }
-  PorByte(estado, estado.range(0));
-  unlink(ruta.c_str());
-}
-
-void Cargar(benchmark::State& estado) {
-  const std::string ruta = Archivo(estado.range(0));
-  for (auto vuelta : estado) {
-    Documento documento;
-    auto lector =
-        LectorArchivo::Abrir(QString::fromStdString(ruta), LectorArchivo::SiFalta::Fallar);
-    if (!documento.Cargar(lector.Valor()).Bien()) std::abort();
-  }
-  PorByte(estado, estado.range(0));
-  unlink(ruta.c_str());
-}
-
-void EscribirSinMas(benchmark::State& estado) {
-  const std::string texto = Texto(Lineas80, estado.range(0));
-  const std::string ruta = Archivo(1);
-  for (auto vuelta : estado) {
-    const int descriptor = open(ruta.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
-    for (std::size_t hechos = 0; hechos < texto.size();) {
-      const ssize_t n = write(descriptor, texto.data() + hechos, texto.size() - hechos);
-      if (n < 0) std::abort();
-      hechos += static_cast<std::size_t>(n);
-    }
-    fsync(descriptor);
-    close(descriptor);
-  }
-  PorByte(estado, estado.range(0));
-  unlink(ruta.c_str());
-}
-
-void Guardar(benchmark::State& estado) {
-  Documento documento;
-  documento.Poner(Texto(Lineas80, estado.range(0)));
-  const std::string ruta = Archivo(1);
-  for (auto vuelta : estado) {
-    if (!ReemplazarArchivo(QString::fromStdString(ruta), documento.Texto().Tramos(),
-                           Duracion::Sincronizada)
-             .Bien())
-      std::abort();
-  }
-  PorByte(estado, estado.range(0));
-  unlink(ruta.c_str());
 }
 
 // A key at so many percent of the text, with the page around it.
@@ -174,7 +105,7 @@ void Tecla(benchmark::State& estado, bool sin_ajustar) {
   const Renglones& renglones =
       sin_ajustar ? static_cast<const Renglones&>(puesta.lineas) : puesta.filas;
   Posicion pos = puesta.documento.Tamano() * estado.range(2) / 100;
-  for (auto vuelta : estado) {
+  for ([[maybe_unused]] auto vuelta : estado) {
     puesta.documento.Reemplazar(pos++, 0, "k", Agrupacion::Escribir);
     Pagina(renglones, pos);
     benchmark::DoNotOptimize(renglones.XDe(renglones.InicioDe(pos), pos));
@@ -184,7 +115,7 @@ void Tecla(benchmark::State& estado, bool sin_ajustar) {
 // A key at the end when the last one was at the start, and back.
 void Salto(benchmark::State& estado) {
   Puesta& puesta = Puesta::De(estado);
-  for (auto vuelta : estado) {
+  for ([[maybe_unused]] auto vuelta : estado) {
     puesta.documento.Reemplazar(puesta.documento.Tamano(), 0, "k", Agrupacion::Sola);
     Pagina(puesta.filas, puesta.documento.Tamano());
     estado.PauseTiming();
@@ -197,7 +128,7 @@ void Salto(benchmark::State& estado) {
 void Partir(benchmark::State& estado, const Avances& avances) {
   Puesta& puesta = Puesta::De(estado, avances);
   Punto ancho = 500 * Pixel;
-  for (auto vuelta : estado) {
+  for ([[maybe_unused]] auto vuelta : estado) {
     puesta.filas.Configurar(avances, ancho ^= Pixel);
     while (!puesta.filas.Avanzar(1000)) continue;
   }
@@ -207,7 +138,7 @@ void Partir(benchmark::State& estado, const Avances& avances) {
 
 void Anchos(benchmark::State& estado, const Avances& avances) {
   Puesta& puesta = Puesta::De(estado, avances);
-  for (auto vuelta : estado) {
+  for ([[maybe_unused]] auto vuelta : estado) {
     puesta.lineas.Configurar(avances);
     while (!puesta.lineas.Avanzar(1000)) continue;
   }
@@ -217,34 +148,22 @@ void Anchos(benchmark::State& estado, const Avances& avances) {
 void PaginaSuelta(benchmark::State& estado) {
   Puesta& puesta = Puesta::De(estado);
   Posicion pos = 0;
-  for (auto vuelta : estado) {
-    pos = (pos + 7919 * 1013) % puesta.documento.Tamano();
+  for ([[maybe_unused]] auto vuelta : estado) {
+    pos = (pos + Posicion{7919} * 1013) % puesta.documento.Tamano();
     Pagina(puesta.filas, pos);
   }
 }
 
-void Tamanos(benchmark::internal::Benchmark* prueba) {
-  for (const std::int64_t n : {1 << 10, 100 << 10, 10 << 20, 100 << 20, 1 << 30}) prueba->Arg(n);
-  prueba->MinTime(0.1)->Unit(benchmark::kMicrosecond);
-}
-
 void Textos(benchmark::internal::Benchmark* prueba) {
-  for (const std::int64_t forma : {Lineas80, UnaLinea, SoloFines, SinBlancos})
-    for (const std::int64_t n : {1 << 10, 1 << 20, 100 << 20, 1 << 30}) prueba->Args({forma, n});
+  prueba->ArgsProduct({Formas, {1 << 10, 1 << 20, 100 << 20, 1 << 30}});
   prueba->MinTime(0.1)->Unit(benchmark::kMicrosecond)->ArgNames({"shape", "bytes"});
 }
 
 void Lugares(benchmark::internal::Benchmark* prueba) {
-  for (const std::int64_t forma : {Lineas80, UnaLinea, SoloFines, SinBlancos})
-    for (const std::int64_t n : {1 << 10, 1 << 20, 100 << 20, 1 << 30})
-      for (const std::int64_t lugar : {0, 50, 100}) prueba->Args({forma, n, lugar});
+  prueba->ArgsProduct({Formas, {1 << 10, 1 << 20, 100 << 20, 1 << 30}, {0, 50, 100}});
   prueba->MinTime(0.1)->Unit(benchmark::kMicrosecond)->ArgNames({"shape", "bytes", "percent"});
 }
 
-BENCHMARK(LeerSinMas)->Apply(Tamanos);
-BENCHMARK(Cargar)->Apply(Tamanos);
-BENCHMARK(EscribirSinMas)->Apply(Tamanos)->UseRealTime();
-BENCHMARK(Guardar)->Apply(Tamanos)->UseRealTime();
 BENCHMARK_CAPTURE(Tecla, wrapped, false)->Apply(Lugares);
 BENCHMARK_CAPTURE(Tecla, lines, true)->Apply(Lugares);
 BENCHMARK(Salto)->Apply(Textos);

@@ -1,17 +1,14 @@
 // For how long the window does not answer: of all that one action sets off until nothing is left
 // to do, the longest that a single event takes.
+#include <array>
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <functional>
 
 #include <QApplication>
 #include <QClipboard>
-#include <QImage>
-#include <QKeyEvent>
-#include <QWindow>
 
-#include "bench/textos.h"
-#include "text_box/caja_texto.h"
+#include "bench/caja_llena.h"
 
 namespace {
 
@@ -42,30 +39,13 @@ Aplicacion& LaAplicacion() {
   return *static_cast<Aplicacion*>(qApp);
 }
 
-struct Mesa {
-  Mesa(Forma forma, std::int64_t bytes, bool ajustada)
-      : caja(documento, ajustada ? CajaTexto::Ajuste::AlAncho : CajaTexto::Ajuste::SinAjustar) {
-    documento.Poner(Texto(forma, bytes));
-    caja.PonerFuente(QFont(QStringLiteral("Liberation Mono"), 10));
-    caja.resize(560, 480);
-    caja.show();
-    caja.setFocus();
-    Reposar();
-  }
+struct Mesa : CajaLlena {
+  using CajaLlena::CajaLlena;
 
-  void Reposar() {
-    do QApplication::processEvents();
-    while (!caja.Vista().Completo());
-    QApplication::processEvents();
-  }
   void Tecla(int tecla, Qt::KeyboardModifiers modificadores = {}, const QString& texto = {}) {
-    QKeyEvent evento(QEvent::KeyPress, tecla, modificadores, texto);
-    QApplication::sendEvent(&caja, &evento);
+    Pulsar(tecla, modificadores, texto);
     Reposar();
   }
-
-  Documento documento;
-  CajaTexto caja;
 };
 
 struct Accion {
@@ -73,7 +53,7 @@ struct Accion {
   std::function<void(Mesa&)> hacer;
 };
 
-const Accion Acciones[] = {
+const auto Acciones = std::to_array<Accion>({
     {"jump to the end", [](Mesa& m) { m.Tecla(Qt::Key_End, Qt::ControlModifier); }},
     {"first key there", [](Mesa& m) { m.Tecla(Qt::Key_A, {}, QStringLiteral("a")); }},
     {"jump to the start", [](Mesa& m) { m.Tecla(Qt::Key_Home, Qt::ControlModifier); }},
@@ -104,12 +84,13 @@ const Accion Acciones[] = {
     {"undo it", [](Mesa& m) { m.Tecla(Qt::Key_Z, Qt::ControlModifier); }},
     {"redo it", [](Mesa& m) { m.Tecla(Qt::Key_Y, Qt::ControlModifier); }},
     {"paste all", [](Mesa& m) { m.Tecla(Qt::Key_V, Qt::ControlModifier); }},
-};
+});
 
 // Not the longest of several turns: each action is done once, one after the other.
 void Pausas(benchmark::State& estado) {
-  for (auto vuelta : estado) {
-    Mesa mesa(static_cast<Forma>(estado.range(0)), estado.range(1) << 20, estado.range(2) != 0);
+  for ([[maybe_unused]] auto vuelta : estado) {
+    Mesa mesa(static_cast<Forma>(estado.range(0)), estado.range(1) << 20, estado.range(2) != 0,
+              QSize(560, 480));
     LaAplicacion().SacarMayor();
     for (const Accion& accion : Acciones) {
       accion.hacer(mesa);

@@ -8,40 +8,25 @@
 
 #include <QApplication>
 #include <QImage>
-#include <QKeyEvent>
 
-#include "bench/textos.h"
-#include "text_box/caja_texto.h"
+#include "bench/caja_llena.h"
 
 namespace {
 
 constexpr QSize Ventana(560, 480);
 constexpr QSize Maximizada(1920, 1080);
 
-struct Mesa {
+struct Mesa : CajaLlena {
   Mesa(Forma forma, std::int64_t megabytes, bool ajustada, const QSize& tamano)
-      : caja(documento, ajustada ? CajaTexto::Ajuste::AlAncho : CajaTexto::Ajuste::SinAjustar),
-        lienzo(tamano, QImage::Format_RGB32) {
-    documento.Poner(Texto(forma, std::max<std::int64_t>(megabytes << 20, 1024)));
-    caja.PonerFuente(QFont(QStringLiteral("Liberation Mono"), 10));
-    caja.resize(tamano);
-    caja.show();
-    Reposar();
-  }
+      : CajaLlena(forma, std::max<std::int64_t>(megabytes << 20, 1024), ajustada, tamano),
+        lienzo(tamano, QImage::Format_RGB32) {}
 
-  void Reposar() {
-    do QApplication::processEvents();
-    while (!caja.Vista().Completo());
-  }
   void Pintar() { caja.viewport()->render(&lienzo); }
   void Tecla(int tecla, Qt::KeyboardModifiers modificadores = {}, const QString& texto = {}) {
-    QKeyEvent evento(QEvent::KeyPress, tecla, modificadores, texto);
-    QApplication::sendEvent(&caja, &evento);
+    Pulsar(tecla, modificadores, texto);
     Pintar();
   }
 
-  Documento documento;
-  CajaTexto caja;
   QImage lienzo;
 };
 
@@ -64,12 +49,13 @@ void Teclear(benchmark::State& estado, Mesa& mesa, std::int64_t donde) {
   const Posicion pos = mesa.documento.Tamano() * donde / 2;
   mesa.caja.PonerCursor(pos, pos);
   bool letra = false;
-  for (auto vuelta : estado) {
+  for ([[maybe_unused]] auto vuelta : estado) {
     letra = !letra;
-    if (letra)
+    if (letra) {
       mesa.Tecla(Qt::Key_A, {}, QStringLiteral("a"));
-    else
+    } else {
       mesa.Tecla(Qt::Key_Backspace);
+    }
   }
 }
 
@@ -85,7 +71,7 @@ void TeclaMaximizada(benchmark::State& estado) {
 void PrimeraTecla(benchmark::State& estado) {
   Mesa& mesa = LaMesa(estado);
   bool fin = false;
-  for (auto vuelta : estado) {
+  for ([[maybe_unused]] auto vuelta : estado) {
     estado.PauseTiming();
     fin = !fin;
     mesa.Tecla(fin ? Qt::Key_End : Qt::Key_Home, Qt::ControlModifier);
@@ -97,13 +83,13 @@ void PrimeraTecla(benchmark::State& estado) {
 
 void Pagina(benchmark::State& estado) {
   Mesa& mesa = LaMesa(estado);
-  for (auto vuelta : estado) mesa.Tecla(Qt::Key_PageDown);
+  for ([[maybe_unused]] auto vuelta : estado) mesa.Tecla(Qt::Key_PageDown);
 }
 
 void Salto(benchmark::State& estado) {
   Mesa& mesa = LaMesa(estado);
   bool fin = false;
-  for (auto vuelta : estado) {
+  for ([[maybe_unused]] auto vuelta : estado) {
     fin = !fin;
     mesa.Tecla(fin ? Qt::Key_End : Qt::Key_Home, Qt::ControlModifier);
   }
@@ -114,7 +100,7 @@ void OtroAncho(benchmark::State& estado) {
   Mesa& mesa = LaMesa(estado);
   mesa.caja.PonerFuente(QFont(QStringLiteral("Liberation Sans"), 10));
   int ancho = Ventana.width();
-  for (auto vuelta : estado) {
+  for ([[maybe_unused]] auto vuelta : estado) {
     mesa.caja.resize(ancho ^= 1, Ventana.height());
     mesa.Reposar();
   }
@@ -127,7 +113,7 @@ void OtraVista(benchmark::State& estado) {
   CajaTexto otra(mesa.documento, CajaTexto::Ajuste::AlAncho);
   otra.PonerFuente(mesa.caja.Fuente());
   otra.resize(Ventana);
-  for (auto vuelta : estado) {
+  for ([[maybe_unused]] auto vuelta : estado) {
     mesa.Tecla(Qt::Key_A, {}, QStringLiteral("a"));
     otra.show();
     otra.viewport()->render(&mesa.lienzo);
