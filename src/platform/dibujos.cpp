@@ -73,6 +73,9 @@ QIcon Icono(const QString& nombre) {
   return QIcon(new MotorSvg(nombre));
 }
 
+// X11 counts the hot spot in the picture's pixels, others in those of the window.
 QCursor Puntero(const QString& nombre, int x, int y) {
-  return QCursor(Dibujo(nombre, TamanoPuntero, qGuiApp->devicePixelRatio()), x, y);
+  const qreal escala = qGuiApp->devicePixelRatio();
+  const QPointF punta = QPointF(x, y) * (QGuiApplication::platformName() == u"xcb" ? escala : 1);
+  return QCursor(Dibujo(nombre, TamanoPuntero, escala), qRound(punta.x()), qRound(punta.y()));
 }
