@@ -71,6 +71,7 @@ void FrmMain::CrearLista() {
   ListBox->setAccessibleName(QStringLiteral("Archivos"));
   ListBox->setModel(&lista_);
   connect(ListBox, &VistaLista::Elegida, this, &FrmMain::ListBox_Click);
+  connect(ListBox, &VistaLista::Insistida, this, &FrmMain::ReponerTexto);
   connect(ListBox, &VistaLista::TeclaPulsada, this, &FrmMain::ListBox_KeyDown);
 }
 
@@ -176,6 +177,12 @@ FrmTexto& FrmMain::Texto() {
 // A closed text window is gone; it may still be inside its own event.
 void FrmMain::TextoCerrado() {
   texto_.release()->deleteLater();
+}
+
+void FrmMain::RestaurarMinimizada(Ventana& ventana) {
+  if (ventana.Estado() == EstadoVentana::Minimizada) {
+    ventana.PonerEstado(EstadoVentana::Normal);
+  }
 }
 
 void FrmMain::TraerTexto() {

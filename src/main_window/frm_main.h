@@ -85,7 +85,9 @@ class FrmMain : public Ventana {
   void AvisarListaLlena();
   FrmTexto& Texto();  // loaded when it is not
   void TraerTexto();
+  void ReponerTexto();
   void TextoCerrado();
+  static void RestaurarMinimizada(Ventana& ventana);
 
   ModGral& gral_;
   Escritorio escritorio_;

@@ -53,13 +53,22 @@ void FrmMain::ListBox_Click() {
   ListBox->setToolTip(AyudaDe(lista_.Nombre(indice)));
   gral_.ArchivoActual = lista_.Rutas(indice);
   if (texto_ != nullptr && texto_->Visible()) {
-    if (texto_->Estado() == EstadoVentana::Minimizada) {
-      texto_->PonerEstado(EstadoVentana::Normal);
-    }
+    RestaurarMinimizada(*texto_);
     texto_->DarFoco();
   } else {
     gral_.ArchivoCargado.clear();
     Texto().Mostrar();
+  }
+}
+
+// An arrow at an end of the list. The keyboard stays there, where a Delete after it belongs.
+void FrmMain::ReponerTexto() {
+  if (texto_ == nullptr || !texto_->Visible()) {
+    ListBox_Click();
+  } else if (texto_->Estado() == EstadoVentana::Minimizada) {
+    const Activacion::Manejador manejador(LaActivacion());
+    texto_->PonerEstado(EstadoVentana::Normal);
+    DarFoco();
   }
 }
 

@@ -94,8 +94,8 @@ void FrmMain::ComandoAbrir() {
 
 void FrmMain::ComandoNuevo() {
   gral_.ArchivoNuevo = true;
-  if (Texto().Visible() && Texto().Estado() == EstadoVentana::Minimizada) {
-    Texto().PonerEstado(EstadoVentana::Normal);
+  if (Texto().Visible()) {
+    RestaurarMinimizada(Texto());
   }
   TraerTexto();
 }

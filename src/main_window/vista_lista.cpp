@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include "platform/tecla_inicial.h"
+
 namespace {
 
 bool Recorre(int tecla) {
@@ -58,11 +60,14 @@ void VistaLista::keyPressEvent(QKeyEvent* evento) {
     return;
   }
   const int antes = IndiceSeleccionado();
-  QListView::keyPressEvent(evento);
-  // Letters search: those that stay on the entry found must not hand the keyboard to its text.
+  if (!SeleccionarPorTecla(*this, *evento)) {
+    QListView::keyPressEvent(evento);
+  }
   const int ahora = IndiceSeleccionado();
-  if (ahora >= 0 && (ahora != antes || Recorre(evento->key()))) {
+  if (ahora >= 0 && ahora != antes) {
     emit Elegida();
+  } else if (ahora >= 0 && Recorre(evento->key())) {
+    emit Insistida();
   }
 }
 

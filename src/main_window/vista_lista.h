@@ -1,5 +1,5 @@
 // ListBox as the main window shows it: one entry selected at most, yellow on black. What the user
-// does to an entry is told once, also when it was selected already.
+// does to an entry is told once.
 #pragma once
 
 #include <QListView>
@@ -16,7 +16,8 @@ class VistaLista : public QListView {
   void Seleccionar(int indice);    // shows it too; tells nothing
 
  signals:
-  void Elegida();                 // by mouse or key: the selected entry
+  void Elegida();    // the selected entry: by the mouse, or by a key that has found another one
+  void Insistida();  // by a key that walks through the list and stays on the selected entry
   void TeclaPulsada(int codigo);  // CodigoSuprimir
 
  protected:

@@ -5,13 +5,13 @@
 #include <array>
 
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QToolButton>
 
 #include "shared/mod_gral.h"
 #include "shared/orden.h"
 #include "text_window/lista_carpetas.h"
+#include "text_window/lista_favoritas.h"
 #include "text_window/lista_unidades.h"
 #include "text_window/marco_titulado.h"
 
@@ -33,7 +33,7 @@ class FraFavoritas : public MarcoTitulado {
   QPushButton* CmdCerrarFav = nullptr;
   ListaUnidades* DrvUnidad = nullptr;
   ListaCarpetas* DirCarpeta = nullptr;
-  QListWidget* LstFav = nullptr;
+  ListaFavoritas* LstFav = nullptr;
   QToolButton* CmdAnhadir = nullptr;
   QToolButton* CmdQuitar = nullptr;
 

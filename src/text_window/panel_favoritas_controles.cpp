@@ -67,7 +67,7 @@ FraFavoritas::FraFavoritas(ModGral& gral, Unidades& unidades, QWidget* padre)
   DirCarpeta = new ListaCarpetas(unidades, this);
   CmdAnhadir = Boton(this, QStringLiteral("CmdAnhadir"), {3360, 1560, 945, 855},
                      QStringLiteral("anadir"), QStringLiteral("Añadir carpeta"));
-  LstFav = new QListWidget(this);
+  LstFav = new ListaFavoritas(this);
   CmdQuitar = Boton(this, QStringLiteral("CmdQuitar"), {3360, 3240, 945, 855},
                     QStringLiteral("quitar"), QStringLiteral("Quitar carpeta seleccionada"));
   CmdCerrarFav = CrearCerrar(QStringLiteral("CmdCerrarFav"), {3720, 180, 615, 255});

@@ -63,19 +63,44 @@ TEST_F(ListaAbierta, removing_the_last_entry_leaves_no_file) {
   EXPECT_EQ(Total(), "00");
 }
 
-TEST_F(ListaAbierta, every_way_of_choosing_the_only_entry_brings_a_closed_text_window_back) {
+TEST_F(ListaAbierta, choosing_the_only_entry_brings_the_text_back_and_an_arrow_keeps_the_keyboard) {
   Abrir(Archivo("a", "texto"));
-  const auto pulsar = [this] {
-    const QPoint entrada = Lista()->visualRect(Lista()->model()->index(0, 0)).center();
-    QTest::mouseClick(Lista()->viewport(), Qt::LeftButton, {}, entrada);
-  };
-  for (const std::function<void()>& elegir :
-       {std::function<void()>(pulsar), {[this] { TeclaEnLista(Qt::Key_Up); }}}) {
-    Texto()->Cerrar();
-    ASSERT_EQ(Texto(), nullptr);
-    elegir();
-    ASSERT_NE(Texto(), nullptr);
-    EXPECT_EQ(EnCaja(), "texto");
+  for (const std::function<void()>& dejar :
+       {std::function<void()>([this] { Texto()->Cerrar(); }),
+        {[this] { Texto()->PonerEstado(EstadoVentana::Minimizada); }},
+        {[] {}}}) {
+    for (const bool flecha : {true, false}) {
+      dejar();
+      principal->DarFoco();
+      if (flecha) {
+        TeclaEnLista(Qt::Key_Down);
+        EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
+      } else {
+        const QPoint entrada = Lista()->visualRect(Lista()->model()->index(0, 0)).center();
+        QTest::mouseClick(Lista()->viewport(), Qt::LeftButton, {}, entrada);
+      }
+      ASSERT_NE(Texto(), nullptr);
+      EXPECT_EQ(Texto()->Estado(), EstadoVentana::Normal);
+      EXPECT_EQ(EnCaja(), "texto");
+    }
+  }
+}
+
+// As after a listing: the list has the keyboard, and its own idea of where to begin.
+TEST_F(ListaAbierta, with_nothing_selected_a_key_starts_from_an_end_and_a_letter_from_the_first) {
+  AbrirTodos({"alba", "alfa", "beta"});
+  for (const auto& [tecla, elegida] : {std::pair{Qt::Key_Down, 0},
+                                       {Qt::Key_Up, 2},
+                                       {Qt::Key_Home, 0},
+                                       {Qt::Key_End, 2},
+                                       {Qt::Key_PageDown, 0},
+                                       {Qt::Key_PageUp, 2},
+                                       {Qt::Key_A, 0}}) {
+    Lista()->selectionModel()->setCurrentIndex(Lista()->model()->index(0, 0),
+                                               QItemSelectionModel::Clear);
+    TeclaEnLista(tecla);
+    EXPECT_EQ(Lista()->IndiceSeleccionado(), elegida) << tecla;
+    EXPECT_EQ(Titulo(), "Archivo: " + Ruta(Entradas()[elegida]));
   }
 }
 
@@ -93,13 +118,6 @@ TEST_F(ListaAbierta, choosing_the_file_that_is_shown_keeps_the_edit) {
   PulsarEntrada();
   EXPECT_EQ(EnCaja(), "Xtexto");
   EXPECT_TRUE(Panel());
-}
-
-TEST_F(ListaAbierta, a_minimised_text_window_comes_back_normal) {
-  Abrir(Archivo("a", {}));
-  Texto()->PonerEstado(EstadoVentana::Minimizada);
-  PulsarEntrada();
-  EXPECT_EQ(Texto()->Estado(), EstadoVentana::Normal);
 }
 
 }  // namespace

@@ -141,6 +141,16 @@ TEST_F(LasFavoritas, what_cannot_be_done_is_said_in_turns) {
             "> Eliminada. Quedan 0|> NO hay carpetas fav.|> Añada alguna carpeta");
 }
 
+TEST_F(LasFavoritas, with_nothing_selected_a_key_starts_from_an_end) {
+  Abrir(Muchas(3));
+  for (const auto& [tecla, elegida] : {std::pair{Qt::Key_Down, 0}, {Qt::Key_Up, 2}}) {
+    Panel().LstFav->setCurrentRow(0, QItemSelectionModel::Clear);
+    QTest::keyClick(Panel().LstFav, tecla);
+    ASSERT_EQ(Panel().LstFav->selectedItems().size(), 1);
+    EXPECT_EQ(Panel().LstFav->currentRow(), elegida);
+  }
+}
+
 TEST_F(LasFavoritas, folders_that_the_file_could_not_give_back_are_refused) {
   const QString larga = QString(120, u'ñ');
   for (const QString& nombre : {QString("日本"), QString("dos\nlíneas"), larga}) {
