@@ -58,6 +58,7 @@ FrmMain::FrmMain(ModGral& gral, const Escritorio& escritorio)
   setWindowIcon(Icono(QStringLiteral("velda")));
   setFixedSize(TamanoFondo);
   setMouseTracking(true);
+  setAttribute(Qt::WA_AlwaysShowToolTips);  // it is read while the keyboard is in the text
   CrearLista();
   CrearEtiquetas();
   CrearIconos();

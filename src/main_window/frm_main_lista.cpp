@@ -3,18 +3,12 @@
 
 #include "main_window/frm_main.h"
 #include "main_window/vista_lista.h"
+#include "platform/ayuda_literal.h"
 #include "text_window/frm_texto.h"
 
 namespace {
 
 constexpr int LargoSinAyuda = 22;  // characters that the list shows whole
-
-// A tooltip that shows a name letter by letter, whatever it looks like.
-QString AyudaDe(const QString& nombre) {
-  return nombre.size() > LargoSinAyuda
-             ? QStringLiteral("<span style='white-space:pre'>%1</span>").arg(nombre.toHtmlEscaped())
-             : QString();
-}
 
 }  // namespace
 
@@ -50,7 +44,8 @@ void FrmMain::Seleccionar(int indice) {
 void FrmMain::ListBox_Click() {
   const Activacion::Manejador manejador(LaActivacion());
   const int indice = ListBox->IndiceSeleccionado();
-  ListBox->setToolTip(AyudaDe(lista_.Nombre(indice)));
+  const QString& nombre = lista_.Nombre(indice);
+  PonerAyudaLiteral(*ListBox, nombre.size() > LargoSinAyuda ? nombre : QString());
   gral_.ArchivoActual = lista_.Rutas(indice);
   if (texto_ != nullptr && texto_->Visible()) {
     RestaurarMinimizada(*texto_);
@@ -82,7 +77,7 @@ void FrmMain::ListBox_KeyDown(int codigo) {
   if (lista_.Total() > 0) {
     Seleccionar(std::max(indice - 1, 0));
   } else {
-    ListBox->setToolTip({});
+    PonerAyudaLiteral(*ListBox, {});
     gral_.ArchivoActual = ArchivoNinguno;
     gral_.ArchivoCargado.clear();
     TraerTexto();

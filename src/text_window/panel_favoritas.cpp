@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/ayuda_literal.h"
 #include "shared/favoritas.h"
 
 // Asked the same impossible thing again, the panel says what to do instead.
@@ -133,7 +134,7 @@ void FraFavoritas::PonerEstado(std::size_t linea, const Estado& estado) {
   const int sitio = etiqueta.width() - letra.horizontalAdvance(estado.texto);
   const QString unidad = letra.elidedText(estado.unidad, Qt::ElideMiddle, sitio);
   etiqueta.setText(estado.texto + unidad);
-  etiqueta.setToolTip(unidad == estado.unidad ? QString() : estado.unidad.toHtmlEscaped());
+  PonerAyudaLiteral(etiqueta, unidad == estado.unidad ? QString() : estado.unidad);
   etiqueta.setAccessibleName(estado.texto + estado.unidad);
   estados_[linea] = estado;
 }

@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <functional>
+
+#include <QTextDocument>
 #include <QToolTip>
 
 #include "programa.h"
@@ -31,9 +35,23 @@ TEST_F(ListaAbierta, a_second_add_selects_the_entry_and_letter_case_makes_anothe
   EXPECT_EQ(EnCaja(), "otro");
 }
 
-TEST_F(ListaAbierta, a_name_of_more_than_22_characters_is_the_tooltip_letter_by_letter) {
-  Abrir(Archivo("<b>&x_78901234567890.txt", {}));
-  EXPECT_TRUE(Lista()->toolTip().contains("&lt;b&gt;&amp;x_78901234567890.txt"));
+TEST_F(ListaAbierta,
+       a_name_of_more_than_22_characters_is_the_tooltip_in_one_line_letter_by_letter) {
+  for (const char* nombre :
+       {"<b>&x_78901234567890.txt", "uno dos tres cuatro cinco seis siete.txt"}) {
+    Abrir(Archivo(nombre, {}));
+    QTextDocument ayuda;
+    ayuda.setHtml(Lista()->toolTip());
+    EXPECT_EQ(ayuda.toPlainText(), nombre);
+    QToolTip::showText({9, 9}, Lista()->toolTip(), Lista());
+    const auto vistas = QApplication::topLevelWidgets();
+    const auto vista = std::find_if(vistas.begin(), vistas.end(), [](const QWidget* una) {
+      return una->isVisible() && una->inherits("QTipLabel");
+    });
+    ASSERT_NE(vista, vistas.end());
+    EXPECT_LT((*vista)->height(), 2 * (*vista)->fontMetrics().lineSpacing());
+    QToolTip::hideText();
+  }
   Abrir(Archivo("veintidos-caracter.txt", {}));
   EXPECT_EQ(Lista()->toolTip(), QString());
 }
