@@ -48,6 +48,7 @@ void FrmMain::ComandoInformacion() {
     autor_ = std::make_unique<FrmAutor>(escritorio_);
     connect(autor_.get(), &Ventana::Cerrada, this, &FrmMain::AutorCerrado);
   }
+  RestaurarMinimizada(*autor_);
   autor_->Mostrar();
 }
 

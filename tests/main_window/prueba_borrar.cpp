@@ -129,9 +129,11 @@ TEST_F(Borrar, the_about_window_is_one_and_opens_anew_after_it_was_closed) {
   auto* autor = qobject_cast<FrmAutor*>(escritorio.activacion.Activa());
   ASSERT_NE(autor, nullptr);
   autor->CmdAutor_MouseMove(1);
+  autor->PonerEstado(EstadoVentana::Minimizada);
   principal->DarFoco();
   principal->ImgMenu_Click(3);
   EXPECT_EQ(escritorio.activacion.Activa(), autor) << "brought forward";
+  EXPECT_EQ(autor->Estado(), EstadoVentana::Normal);
   EXPECT_TRUE(autor->Titulo().startsWith(u"En"));
   autor->windowHandle()->close();
   EXPECT_TRUE(principal->Visible());
