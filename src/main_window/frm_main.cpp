@@ -24,6 +24,9 @@ constexpr RectTwips RectTotal{200, 1835, 225, 195};
 constexpr RectTwips RectError{790, 585, 675, 195};
 constexpr qreal PuntosEtiqueta = 8.25;
 
+constexpr QRect RectRotulo(9, 94, 77, 17);  // pixels: between the icons and the folder
+constexpr QColor ColorRotulo(0x10, 0x53, 0x4b);
+
 constexpr std::chrono::milliseconds EsperaError{4000};
 
 constexpr int IconoFavoritas = 5;
@@ -136,6 +139,7 @@ void FrmMain::Form_Deactivate() {
 void FrmMain::Form_MouseMove() {
   ImgSel[IconoActual]->hide();
   PonerTituloSiDistinto(TituloPrincipal);
+  PonerRotulo({});
 }
 
 void FrmMain::Form_Unload() {
@@ -160,11 +164,32 @@ void FrmMain::mouseMoveEvent(QMouseEvent* /*evento*/) {
   Form_MouseMove();
 }
 
+// Most desktops cut a caption that is 150 pixels wide. A part of the picture, so that neither the
+// mouse nor a screen reader, which has the icon's name already, meets it.
+void FrmMain::PonerRotulo(const QString& rotulo) {
+  if (rotulo != rotulo_) {
+    rotulo_ = rotulo;
+    update(RectRotulo);
+  }
+}
+
+void FrmMain::PintarRotulo(QPainter& pintor) const {
+  QFont fuente = FuenteDe(FuenteControles, PuntosEtiqueta);
+  fuente.setBold(true);
+  pintor.setFont(Estrechada(fuente, rotulo_, RectRotulo.width()));
+  pintor.setPen(ColorRotulo);
+  pintor.drawText(RectRotulo, Qt::AlignLeft | Qt::AlignVCenter, rotulo_);
+}
+
 void FrmMain::paintEvent(QPaintEvent* /*evento*/) {
   if (fondo_.isNull() || fondo_.devicePixelRatio() != devicePixelRatioF()) {
     fondo_ = Dibujo(QStringLiteral("fondo_principal"), TamanoFondo, devicePixelRatioF());
   }
-  QPainter(this).drawPixmap(0, 0, fondo_);
+  QPainter pintor(this);
+  pintor.drawPixmap(0, 0, fondo_);
+  if (!rotulo_.isEmpty()) {
+    PintarRotulo(pintor);
+  }
 }
 
 FrmTexto& FrmMain::Texto() {

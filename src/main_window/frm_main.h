@@ -62,6 +62,8 @@ class FrmMain : public Ventana {
   void CrearEtiquetas();
   void LeerAjustes();
   QString TextoDe(int indice) const;
+  void PonerRotulo(const QString& rotulo);
+  void PintarRotulo(QPainter& pintor) const;
 
   void ComandoAbrir();
   void ComandoNuevo();
@@ -98,6 +100,7 @@ class FrmMain : public Ventana {
   bool ActivarVisible = false;  // the next "S.Visible" puts the window above all others
   int IconoActual = 0;          // the icon whose highlight was shown last
   QPixmap fondo_;
+  QString rotulo_;  // the command's name in the picture
 
   VistaLista* ListBox = nullptr;
   QLabel* LblTotal = nullptr;

@@ -65,6 +65,7 @@ void FrmMain::ImgMenu_MouseMove(int indice) {
   ImgSel[indice]->show();
   IconoActual = indice;
   PonerTituloSiDistinto(TextoDe(indice));
+  PonerRotulo(TextoDe(indice));
 }
 
 void FrmMain::ImgMenu_Click(int indice) {

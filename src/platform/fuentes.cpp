@@ -1,6 +1,7 @@
 #include "platform/fuentes.h"
 
 #include <QFontDatabase>
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QHash>
 #include <QScreen>
@@ -33,6 +34,15 @@ QFont FuenteDe(const FuenteTexto& texto) {
   fuente.setItalic(texto.cursiva);
   fuente.setUnderline(texto.subrayada);
   fuente.setStrikeOut(texto.tachada);
+  return fuente;
+}
+
+QFont Estrechada(QFont fuente, const QString& texto, int ancho) {
+  fuente.setStretch(QFont::Unstretched);
+  const int natural = QFontMetrics(fuente).horizontalAdvance(texto);
+  if (natural > ancho) {
+    fuente.setStretch(QFont::Unstretched * ancho / natural);
+  }
   return fuente;
 }
 

@@ -14,16 +14,22 @@ class Menu : public Programa {
 TEST_F(Menu, hovering_names_the_command_and_shows_one_highlight) {
   const QStringList textos{"Abrir",     "Nuevo",        "Borrar",   "Información", "Opciones",
                            "Favoritas", "S.Visible SI", "Anterior", "Siguiente",   "Ayuda"};
+  const auto rotulo = [this] { return principal->grab({0, 94, 86, 18}).toImage(); };
+  const QImage vacio = rotulo();
+  QImage anterior = vacio;
   for (int i = 0; i < FrmMain::Iconos; ++i) {
     QTest::mouseMove(Hijo("ImgMenu", i));
     EXPECT_EQ(principal->Titulo(), textos[i]);
     for (int j = 0; j < FrmMain::Iconos; ++j) {
       EXPECT_EQ(Hijo("ImgSel", j)->isVisible(), i == j);
     }
+    EXPECT_NE(rotulo(), anterior) << "the name in the picture";
+    anterior = rotulo();
   }
   principal->Form_MouseMove();
   EXPECT_EQ(principal->Titulo(), "Velda...");
   EXPECT_FALSE(Hijo("ImgSel", 9)->isVisible());
+  EXPECT_EQ(rotulo(), vacio);
 }
 
 TEST_F(Menu, a_screen_reader_finds_windows_and_buttons_and_presses_an_icon_from_the_text) {
