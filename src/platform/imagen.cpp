@@ -18,11 +18,20 @@ void Imagen::mouseMoveEvent(QMouseEvent* /*evento*/) {
 }
 
 void Imagen::mousePressEvent(QMouseEvent* evento) {
+  presionada_ = presionada_ || evento->button() == Qt::LeftButton;
+  evento->accept();
+}
+
+// Its first press was the whole gesture: the second one would run a command on what the first has
+// brought under it.
+void Imagen::mouseDoubleClickEvent(QMouseEvent* evento) {
+  presionada_ = false;
   evento->accept();
 }
 
 void Imagen::mouseReleaseEvent(QMouseEvent* evento) {
-  if (evento->button() == Qt::LeftButton && rect().contains(evento->position().toPoint())) {
+  if (evento->button() == Qt::LeftButton && std::exchange(presionada_, false) &&
+      rect().contains(evento->position().toPoint())) {
     emit Pulsada();
   }
 }

@@ -12,15 +12,17 @@ class Imagen : public QWidget {
 
  signals:
   void RatonMovido();
-  void Pulsada();  // pressed and let go inside, with the main button
+  void Pulsada();  // pressed and let go inside, with the main button; once for a double click
 
  protected:
   void mouseMoveEvent(QMouseEvent* evento) override;
   void mousePressEvent(QMouseEvent* evento) override;
+  void mouseDoubleClickEvent(QMouseEvent* evento) override;
   void mouseReleaseEvent(QMouseEvent* evento) override;
   void paintEvent(QPaintEvent* evento) override;
 
  private:
   QString dibujo_;
   QPixmap pintada_;
+  bool presionada_ = false;
 };

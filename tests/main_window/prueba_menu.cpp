@@ -32,6 +32,18 @@ TEST_F(Menu, hovering_names_the_command_and_shows_one_highlight) {
   EXPECT_EQ(rotulo(), vacio);
 }
 
+// One gesture, one command; the click after it is another.
+TEST_F(Menu, a_double_click_runs_its_command_once) {
+  AbrirTodos({"a", "b", "c", "d"});
+  gral->Confirmar = false;
+  for (const int enviadas : {1, 2}) {
+    QTest::mouseClick(Hijo("ImgMenu", 2), Qt::LeftButton);
+    QTest::mouseDClick(Hijo("ImgMenu", 2), Qt::LeftButton);  // its second press
+    QTest::mouseRelease(Hijo("ImgMenu", 2), Qt::LeftButton);
+    EXPECT_EQ(escritorio.papelera.enviadas.size(), enviadas);
+  }
+}
+
 TEST_F(Menu, a_screen_reader_finds_windows_and_buttons_and_presses_an_icon_from_the_text) {
   Abrir(Archivo("a.txt", "a"));
   auto* dibujo = QAccessible::queryAccessibleInterface(Hijo("ImgSel", 4));
