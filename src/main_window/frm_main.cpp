@@ -20,7 +20,6 @@ const QString TituloPrincipal = QStringLiteral("Velda...");
 constexpr QSize TamanoFondo(150, 327);  // pixels: the background picture's
 
 constexpr RectTwips RectLista{270, 2180, 1740, 2400};
-constexpr RectTwips RectTotal{200, 1835, 225, 195};
 constexpr RectTwips RectError{790, 585, 675, 195};
 constexpr qreal PuntosEtiqueta = 8.25;
 

@@ -56,6 +56,7 @@ class FrmMain : public Ventana {
     void (FrmMain::*ejecutar)();
   };
   static const std::array<Comando, Iconos>& Comandos();
+  static constexpr RectTwips RectTotal{200, 1835, 225, 195};
 
   void CrearIconos();
   void CrearLista();

@@ -4,11 +4,13 @@
 #include "main_window/frm_main.h"
 #include "main_window/vista_lista.h"
 #include "platform/ayuda_literal.h"
+#include "platform/fuentes.h"
 #include "text_window/frm_texto.h"
 
 namespace {
 
-constexpr int LargoSinAyuda = 22;  // characters that the list shows whole
+constexpr int LargoSinAyuda = 22;             // characters that the list shows whole
+constexpr QRect PapelTotal(10, 120, 23, 17);  // pixels: inside the edge of the paper for the count
 
 }  // namespace
 
@@ -85,6 +87,14 @@ void FrmMain::ListBox_KeyDown(int codigo) {
   MostrarTotal();
 }
 
+// From three digits on it takes all of the paper that is drawn under it.
 void FrmMain::MostrarTotal() {
   LblTotal->setText(QStringLiteral("%1").arg(lista_.Total(), 2, 10, QChar(u'0')));
+  QRect sitio = RectTotal.EnPixeles();
+  if (LblTotal->text().size() > 2) {
+    sitio.setLeft(PapelTotal.left());
+    sitio.setRight(PapelTotal.right());
+  }
+  LblTotal->setFont(Estrechada(LblTotal->font(), LblTotal->text(), sitio.width()));
+  LblTotal->setGeometry(sitio);
 }
