@@ -85,8 +85,8 @@ class FrmMain : public Ventana {
   void Seleccionar(int indice);
   void MostrarTotal();
   void AvisarNoAbiertas(int cuantas);
-  void AvisarListaLlena();
-  FrmTexto& Texto();  // loaded when it is not
+  void AvisarListaLlena(int fuera);  // files that were left out
+  FrmTexto& Texto();                 // loaded when it is not
   void TraerTexto();
   void ReponerTexto();
   void TextoCerrado();

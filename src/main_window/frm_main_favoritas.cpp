@@ -47,13 +47,13 @@ void FrmMain::AbrirFavoritas() {
       }
     }
   }
-  const bool caben = lista_.AgregarVarios(rutas);
+  const int fuera = lista_.AgregarVarios(rutas);
   MostrarTotal();
   if (no_abiertas > 0) {
     AvisarNoAbiertas(no_abiertas);
   }
-  if (!caben) {
-    AvisarListaLlena();
+  if (fuera > 0) {
+    AvisarListaLlena(fuera);
   }
 }
 

@@ -22,7 +22,7 @@ void FrmMain::AgregarArchivo() {
   if (indice < 0) {
     if (lista_.Llena()) {
       gral_.ArchivoActual = gral_.ArchivoCargado;
-      AvisarListaLlena();
+      AvisarListaLlena(1);
       return;
     }
     indice = lista_.Agregar(ruta);
@@ -31,10 +31,16 @@ void FrmMain::AgregarArchivo() {
   Seleccionar(indice);
 }
 
-void FrmMain::AvisarListaLlena() {
-  escritorio_.mensajes.Critico(*this,
-                               QStringLiteral("La lista ya tiene %1 archivos.").arg(lista_.Total()),
-                               QStringLiteral("LISTA LLENA"));
+// Later: at the start the favourites are listed before there is a window to say it over.
+void FrmMain::AvisarListaLlena(int fuera) {
+  const QString resto = fuera == 1 ? QStringLiteral("Un archivo se ha quedado fuera.")
+                                   : QStringLiteral("%1 archivos se han quedado fuera.").arg(fuera);
+  const QString aviso =
+      QStringLiteral("La lista ya tiene %1 archivos y no admite más. ").arg(lista_.Total()) + resto;
+  const auto avisar = [this, aviso] {
+    escritorio_.mensajes.Critico(*this, aviso, QStringLiteral("LISTA LLENA"));
+  };
+  QMetaObject::invokeMethod(this, avisar, Qt::QueuedConnection);
 }
 
 // Selecting by program always runs the click handler.

@@ -67,24 +67,30 @@ int ListaArchivos::Agregar(const QString& ruta) {
   return indice;
 }
 
-bool ListaArchivos::AgregarVarios(const QStringList& rutas) {
-  const int primera_nueva = static_cast<int>(entradas_.size());
-  bool caben = true;
+// All are taken in at first, so that those left out are counted once each.
+int ListaArchivos::AgregarVarios(const QStringList& rutas) {
+  const auto primera_nueva = static_cast<int>(entradas_.size());
   for (const QString& ruta : rutas) {
     const QString mayusculas = AMayusculas(ruta);
-    if (Numero(ruta, mayusculas) >= 0) {
-      continue;
+    if (Numero(ruta, mayusculas) < 0) {
+      Anotar(Nueva(ruta), mayusculas);
     }
-    caben = Total() + static_cast<int>(entradas_.size()) - primera_nueva < MaximoArchivos;
-    if (!caben) {
-      break;
-    }
-    Anotar(Nueva(ruta), mayusculas);
   }
-  if (static_cast<int>(entradas_.size()) > primera_nueva) {
+  const auto nuevas = static_cast<int>(entradas_.size()) - primera_nueva;
+  const int sobran = std::max(Total() + nuevas - MaximoArchivos, 0);
+  for (int i = 0; i < sobran; ++i) {
+    OlvidarUltima();
+  }
+  if (nuevas > sobran) {
     Intercalar(primera_nueva);
   }
-  return caben;
+  return sobran;
+}
+
+void ListaArchivos::OlvidarUltima() {
+  const auto numero = static_cast<int>(entradas_.size()) - 1;
+  por_ruta_.remove(AMayusculas(entradas_.back().ruta), numero);
+  entradas_.pop_back();
 }
 
 // The entries from `primera_nueva` on come into the order, behind those that are equal to them.

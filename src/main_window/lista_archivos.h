@@ -26,8 +26,8 @@ class ListaArchivos : public QAbstractListModel {
   // Inserts a file that is not listed at its sorted place and returns that index.
   int Agregar(const QString& ruta);
   // Inserts those of the files that are not listed, told to the view in one go; what is selected
-  // stays selected. False when the list became full before the last of them.
-  bool AgregarVarios(const QStringList& rutas);
+  // stays selected. Returns how many the full list could not take.
+  int AgregarVarios(const QStringList& rutas);
   void Quitar(int indice);
 
   int rowCount(const QModelIndex& padre = {}) const override;
@@ -44,6 +44,7 @@ class ListaArchivos : public QAbstractListModel {
   int Numero(const QString& ruta, const QString& mayusculas) const;  // -1: not listed
   Entrada Nueva(const QString& ruta) const;
   void Anotar(Entrada entrada, const QString& mayusculas);
+  void OlvidarUltima();  // that was noted
   void Intercalar(int primera_nueva);
 
   OrdenNombres orden_nombres_;

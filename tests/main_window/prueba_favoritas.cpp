@@ -133,12 +133,19 @@ TEST_F(FavoritasDePrograma, the_list_takes_no_more_than_16_bits_count_and_says_s
   const auto* total = principal->findChild<QLabel*>("LblTotal");
   EXPECT_LE(total->fontMetrics().horizontalAdvance(total->text()), total->width());
   EXPECT_EQ(Entradas().value(7), "00007.txt");
-  Guardadas({"/x", Carpeta("y", {"de mas.txt"})});
-  Favoritas();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(escritorio.mensajes.titulos.isEmpty());
+  Guardadas({"/x", Carpeta("y", {"de mas.txt", "y mas.txt"}), Ruta("y")});
+  ajustes.valores["Opciones/Favoritas"] = "Si";
+  Arrancar();
   EXPECT_EQ(Total(), "32767");
+  EXPECT_TRUE(escritorio.mensajes.titulos.isEmpty()) << "before the windows are there";
+  QCoreApplication::processEvents();
   EXPECT_EQ(escritorio.mensajes.titulos, QStringList("LISTA LLENA"));
+  EXPECT_TRUE(escritorio.mensajes.textos[0].contains("2 archivos se han quedado fuera"));
   Abrir(Archivo("de mas.txt", {}));
   EXPECT_EQ(Total(), "32767");
+  QCoreApplication::processEvents();
   EXPECT_EQ(escritorio.mensajes.titulos.size(), 2);
   EXPECT_EQ(gral->ArchivoActual, gral->ArchivoCargado);
 }
@@ -154,7 +161,7 @@ TEST(ListaDeVarios, many_at_once_stand_as_if_they_had_come_one_by_one) {
                            "/d/m.txt", "/c/ñ.txt", "/c/z.txt", "/c/A.txt"};
   const QPersistentModelIndex marcada = varios.index(1, 0);
   const QString ruta_marcada = varios.Rutas(1);
-  ASSERT_TRUE(varios.AgregarVarios(nuevas));
+  ASSERT_EQ(varios.AgregarVarios(nuevas), 0);
   for (const QString& ruta : nuevas) {
     if (uno_a_uno.Buscar(ruta) < 0) uno_a_uno.Agregar(ruta);
   }
