@@ -136,6 +136,7 @@ void FrmBorrar::CrearEtiquetas() {
   }
 }
 
+// Its letters are as narrow as the row of hyphens needs to stay one row.
 void FrmBorrar::CrearAyuda() {
   ayuda_.Poner(PaginaCodigos::ABytes(TextoAyuda).toStdString());
   TxtAyuda = new CajaTexto(ayuda_, CajaTexto::Ajuste::AlAncho, this);
@@ -144,7 +145,9 @@ void FrmBorrar::CrearAyuda() {
   TxtAyuda->resize(RectAyuda.EnPixeles().size());
   TxtAyuda->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   TxtAyuda->PonerSoloLectura(true);
-  TxtAyuda->PonerFuente(FuenteDe(FuenteControles, PuntosControles));
+  const QString guiones = TextoAyuda.section(QStringLiteral("\r\n"), 1, 1);
+  const int ancho = TxtAyuda->maximumViewportSize().width() - 2 * Encuadre::Margen;
+  TxtAyuda->PonerFuente(Estrechada(FuenteDe(FuenteControles, PuntosControles), guiones, ancho));
   TxtAyuda->PonerColores(Qt::black, Qt::white);
   TxtAyuda->installEventFilter(this);
   TxtAyuda->hide();

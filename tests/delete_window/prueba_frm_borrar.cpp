@@ -70,6 +70,9 @@ TEST_F(Borrado, esc_closes_the_help_but_never_the_window) {
   EXPECT_EQ(ventana.Titulo(), TituloAyuda);
   EXPECT_TRUE(Ayuda()->hasFocus());
   EXPECT_TRUE(Ayuda()->geometry().contains(ventana.rect()));
+  const Encuadre& vista = Ayuda()->Vista();
+  const Posicion guiones = TextoAyuda.indexOf("\r\n") + 2;
+  EXPECT_EQ(vista.Andar(guiones, 1), guiones + 90) << "the hyphens are one row";
   for (const auto tecla : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Space, Qt::Key_A, Qt::Key_Return,
                            Qt::Key_Delete, Qt::Key_Down}) {
     QTest::keyClick(ventana.windowHandle(), tecla);
