@@ -1,18 +1,13 @@
 #include "platform/dialogos_archivo.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QSplitter>
-#include <QToolButton>
 
 #include "platform/dialogo.h"
+#include "platform/dialogo_archivo.h"
 #include "platform/ventana.h"
 
 namespace {
-
-constexpr QSize TamanoDialogo(640, 440);  // pixels
-constexpr int AnchoLugares = 140;         // of the list of places, so that no name is cut
 
 // "Documentos|*.txt|Todos|*" as the toolkit writes it: "Documentos (*.txt)", "Todos (*)".
 QStringList Filtros(const QString& filtro) {
@@ -30,25 +25,9 @@ QString CarpetaInicial(const QString& carpeta) {
 
 QString Preguntar(Activacion& activacion, Ventana& duena, const PeticionArchivo& peticion,
                   QFileDialog::AcceptMode modo) {
-  QFileDialog dialogo(nullptr, peticion.titulo, CarpetaInicial(peticion.carpeta));
-  dialogo.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
-                     QFileDialog::HideNameFilterDetails);
-  dialogo.setAcceptMode(modo);
-  dialogo.setFileMode(QFileDialog::AnyFile);
-  dialogo.setViewMode(QFileDialog::List);
-  dialogo.setNameFilters(Filtros(peticion.filtro));
-  dialogo.resize(TamanoDialogo);
-  if (auto* partes = dialogo.findChild<QSplitter*>(QStringLiteral("splitter"))) {
-    partes->setSizes({AnchoLugares, TamanoDialogo.width() - AnchoLugares});
-  }
-  // The toolkit's Spanish lacks the first letter of what a screen reader says here.
-  if (auto* arriba = dialogo.findChild<QToolButton*>(QStringLiteral("toParentButton"))) {
-    arriba->setAccessibleDescription(QStringLiteral("Ir al directorio superior"));
-  }
-  if (!Ejecutar(activacion, duena, dialogo) || dialogo.selectedFiles().isEmpty()) {
-    return {};
-  }
-  return QDir::cleanPath(dialogo.selectedFiles().constFirst());
+  DialogoArchivo dialogo(peticion.titulo, CarpetaInicial(peticion.carpeta),
+                         Filtros(peticion.filtro), modo);
+  return Ejecutar(activacion, duena, dialogo) ? dialogo.Elegido() : QString();
 }
 
 }  // namespace
