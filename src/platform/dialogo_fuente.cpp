@@ -4,26 +4,31 @@
 #include <utility>
 
 #include <QAbstractItemView>
-#include <QColorDialog>
+#include <QCheckBox>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QGroupBox>
 #include <QHash>
+#include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QStyledItemDelegate>
+#include <QStringListModel>
+
+#include "platform/dialogo_color.h"
 
 namespace {
 
 // The toolkit's lists and the fields over them, in its own order.
 enum Columna { Familia, Estilo, Tamano, Columnas };
 
+// The toolkit's Spanish gives Alt+T to three controls.
 const std::array<std::pair<Columna, QString>, Columnas> Nombres{
-    {{Familia, QStringLiteral("Tipo de letra")},
-     {Estilo, QStringLiteral("Estilo del tipo de letra")},
-     {Tamano, QStringLiteral("Tamaño")}}};
+    {{Familia, QStringLiteral("&Tipo de letra")},
+     {Estilo, QStringLiteral("&Estilo del tipo de letra")},
+     {Tamano, QStringLiteral("Ta&maño")}}};
+const QString Tachado = QStringLiteral("Tac&hado");
 
 constexpr QSize TamanoMuestra(24, 12);
 constexpr int GrisMuyClaro = 200;  // of 255: not to be read on white any more
@@ -55,11 +60,14 @@ QString EstiloEnEspanol(const QString& estilo) {
   return nombre;
 }
 
-class EnEspanol : public QStyledItemDelegate {
+// What is shown and read aloud of the list of styles. The dialog itself takes the fonts' own names,
+// from stringList().
+class Estilos : public QStringListModel {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-  QString displayText(const QVariant& valor, const QLocale& /*idioma*/) const override {
-    return EstiloEnEspanol(valor.toString());
+  using QStringListModel::QStringListModel;
+  QVariant data(const QModelIndex& sitio, int papel) const override {
+    const QVariant valor = QStringListModel::data(sitio, papel);
+    return papel == Qt::DisplayRole ? EstiloEnEspanol(valor.toString()) : valor;
   }
 };
 
@@ -102,22 +110,33 @@ DialogoFuente::DialogoFuente(const EleccionFuente& actual) : actual_(actual), co
 void DialogoFuente::PrepararListas() {
   const auto listas = findChildren<QAbstractItemView*>(Qt::FindDirectChildrenOnly);
   const auto campos = findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly);
-  if (listas.size() != Columnas || campos.size() != Columnas) {
+  const auto rotulos = findChildren<QLabel*>(Qt::FindDirectChildrenOnly);
+  if (listas.size() != Columnas || campos.size() != Columnas || rotulos.size() < Columnas) {
     return;
   }
   for (const auto& [columna, nombre] : Nombres) {
-    listas[columna]->setAccessibleName(nombre);
-    campos[columna]->setAccessibleName(nombre);
+    rotulos[columna]->setText(nombre);
+    listas[columna]->setAccessibleName(QString(nombre).remove(u'&'));
+    campos[columna]->setAccessibleName(QString(nombre).remove(u'&'));
   }
   connect(listas[Familia], &QAbstractItemView::clicked, this, [this] { familia_elegida_ = true; });
   connect(listas[Tamano], &QAbstractItemView::clicked, this, [this] { tamano_elegido_ = true; });
   connect(campos[Tamano], &QLineEdit::textEdited, this, [this] { tamano_elegido_ = true; });
-  listas[Estilo]->setItemDelegate(new EnEspanol(listas[Estilo]));
+  TraducirEstilos(*listas[Estilo]);
   estilo_ = campos[Estilo];
   tamano_ = campos[Tamano];
   connect(estilo_, &QLineEdit::textChanged, this, &DialogoFuente::Traducir);
   connect(this, &QFontDialog::currentFontChanged, this, &DialogoFuente::Traducir);
   Traducir();
+}
+
+void DialogoFuente::TraducirEstilos(QAbstractItemView& lista) {
+  if (const auto* hay = qobject_cast<QStringListModel*>(lista.model())) {
+    const int actual = lista.currentIndex().row();
+    auto* estilos = new Estilos(hay->stringList(), &lista);
+    lista.setModel(estilos);
+    lista.setCurrentIndex(estilos->index(actual));
+  }
 }
 
 // The field only shows the style; the dialog reads it from the list.
@@ -135,13 +154,16 @@ void DialogoFuente::PrepararColor() {
   const auto grupos = findChildren<QGroupBox*>(Qt::FindDirectChildrenOnly);
   QLayout* sitio = grupos.isEmpty() ? layout() : grupos.constFirst()->layout();
   sitio->addWidget(boton_color_);
+  const auto efectos = findChildren<QCheckBox*>();
+  if (!efectos.isEmpty()) {
+    efectos.constFirst()->setText(Tachado);
+    setTabOrder(efectos.constLast(), boton_color_);
+  }
   PintarColor();
 }
 
 void DialogoFuente::PedirColor() {
-  QColorDialog dialogo(color_, this);
-  dialogo.setOption(QColorDialog::DontUseNativeDialog);
-  dialogo.setWindowTitle(QStringLiteral("Color del texto"));
+  DialogoColor dialogo(QStringLiteral("Color del texto"), color_, this);
   if (dialogo.exec() == QDialog::Accepted) {
     color_ = dialogo.selectedColor();
     PintarColor();

@@ -19,6 +19,7 @@ class DialogoFuente : public QFontDialog {
 
  private:
   void PrepararListas();
+  void TraducirEstilos(QAbstractItemView& lista);
   void PrepararColor();
   void PedirColor();
   void PintarColor();

@@ -1,8 +1,7 @@
 #include "platform/dialogos_aspecto.h"
 
-#include <QColorDialog>
-
 #include "platform/dialogo.h"
+#include "platform/dialogo_color.h"
 #include "platform/dialogo_fuente.h"
 #include "platform/ventana.h"
 
@@ -16,9 +15,7 @@ std::optional<EleccionFuente> DialogosAspectoReales::PedirFuente(Ventana& duena,
 }
 
 std::optional<QColor> DialogosAspectoReales::PedirColor(Ventana& duena, const QColor& actual) {
-  QColorDialog dialogo(actual);
-  dialogo.setOption(QColorDialog::DontUseNativeDialog);
-  dialogo.setWindowTitle(QStringLiteral("Color del fondo"));
+  DialogoColor dialogo(QStringLiteral("Color del fondo"), actual);
   if (!Ejecutar(activacion_, duena, dialogo)) {
     return std::nullopt;
   }

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QColorDialog>
+#include <QKeySequence>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -69,10 +71,10 @@ TEST_F(ElDialogoDeFuente, a_family_that_is_missing_and_a_broken_size_change_when
 TEST_F(ElDialogoDeFuente, the_styles_are_shown_in_spanish_and_chosen_by_the_fonts_own_names) {
   Pulsar(Familia, "Liberation Mono");
   EXPECT_EQ(Campo(Estilo).text(), "Negrita");
-  Pulsar(Estilo, "Bold Italic");
+  Pulsar(Estilo, "Negrita cursiva");
   EXPECT_EQ(Campo(Estilo).text(), "Negrita cursiva");
   EXPECT_TRUE(dialogo->Elegida().fuente.negrita && dialogo->Elegida().fuente.cursiva);
-  Pulsar(Estilo, "Regular");
+  Pulsar(Estilo, "Normal");
   EXPECT_FALSE(dialogo->Elegida().fuente.negrita || dialogo->Elegida().fuente.cursiva);
 }
 
@@ -90,12 +92,34 @@ TEST_F(ElDialogoDeFuente, its_button_asks_for_the_colour) {
     QTimer::singleShot(0, dialogo.get(), [aceptar] {
       auto* colores = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
       EXPECT_EQ(colores->currentColor(), QColor(Qt::red));
+      colores->setCurrentColor(Qt::black);
+      for (auto* parte : colores->findChildren<QWidget*>()) {
+        if (parte->inherits("QColorPicker")) {  // full saturation, a hue a third of the way on
+          QTest::mouseClick(parte, Qt::LeftButton, {}, {parte->width() * 2 / 3, 2});
+        }
+      }
+      EXPECT_GT(colores->currentColor().value(), 200) << "black was left by a click on a colour";
       colores->setCurrentColor(Qt::blue);
       aceptar ? colores->accept() : colores->reject();
     });
     dialogo->findChild<QPushButton*>("BotonColor")->click();
     EXPECT_EQ(dialogo->Elegida().color, aceptar ? QColor(Qt::blue) : QColor(Qt::red));
   }
+}
+
+TEST_F(ElDialogoDeFuente, every_control_has_a_letter_of_its_own_and_its_place_in_the_order) {
+  QStringList letras;
+  for (const auto* rotulo : dialogo->findChildren<QLabel*>()) {
+    letras << QKeySequence::mnemonic(rotulo->text()).toString();
+  }
+  for (const auto* boton : dialogo->findChildren<QAbstractButton*>()) {
+    letras << QKeySequence::mnemonic(boton->text()).toString();
+  }
+  letras.removeAll(QString());
+  EXPECT_EQ(letras.removeDuplicates(), 0) << qPrintable(letras.join(" "));
+  EXPECT_GE(letras.size(), 7);
+  EXPECT_EQ(dialogo->findChildren<QCheckBox*>().last()->nextInFocusChain()->objectName(),
+            "BotonColor");
 }
 
 }  // namespace
