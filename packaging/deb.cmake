@@ -24,10 +24,11 @@ set(CPACK_DEBIAN_PACKAGE_SECTION editors)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # The libraries, and with them the plugin for X11, are found by dpkg-shlibdeps, all but the one that
 # the program loads for the recycle bin. The fonts are those that the windows are laid out for; the
-# help and the links are opened through xdg-open.
+# help and the links are opened through xdg-open; on a Wayland desktop without XWayland the program
+# starts with the plugin of qt6-wayland only.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, libglib2.0-0")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 # Only a Debian package has a changelog of the package beside the one of the program.

@@ -2,10 +2,11 @@
 # Read by ./run and ./test; defines PAQUETES_* and instalar_faltantes.
 
 # The compiler, the toolkit with its Spanish texts, the fonts of the windows, the test libraries.
-# libqt6gui6, which qt6-base-dev brings along, holds the plugin for X11.
+# libqt6gui6, which qt6-base-dev brings along, holds the plugin for X11; the one for a Wayland
+# desktop without XWayland is a package of its own.
 PAQUETES_CONSTRUIR=(
   g++ cmake ninja-build pkg-config
-  qt6-base-dev qt6-svg-dev qt6-translations-l10n libglib2.0-dev fonts-liberation
+  qt6-base-dev qt6-wayland qt6-svg-dev qt6-translations-l10n libglib2.0-dev fonts-liberation
   libgtest-dev libgmock-dev libbenchmark-dev
 )
 
