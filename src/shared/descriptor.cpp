@@ -97,7 +97,7 @@ ResultadoCon<struct stat> Estado(int descriptor) {
 
 Resultado ExigirRegular(const struct stat& estado) {
   if (S_ISDIR(estado.st_mode)) return Resultado::Fallo(EISDIR);
-  return S_ISREG(estado.st_mode) ? Resultado() : Resultado::Fallo(EINVAL);
+  return S_ISREG(estado.st_mode) ? Resultado() : Resultado::Fallo(EMEDIUMTYPE);
 }
 
 bool MismoNodo(const struct stat& uno, const struct stat& otro) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <system_error>
 
 namespace {
 
@@ -22,7 +21,8 @@ constexpr std::array Frases{
     Frase{EIO, u"Error del disco al leer o escribir."},
     Frase{EISDIR, u"Es una carpeta."},
     Frase{ENOTDIR, u"Una parte de la ruta no es una carpeta."},
-    Frase{EINVAL, u"No es un archivo normal."},
+    Frase{EMEDIUMTYPE, u"No es un archivo normal."},
+    Frase{EINVAL, u"El disco no admite ese nombre o esa operación."},
     Frase{ELOOP, u"Demasiados enlaces simbólicos en la ruta."},
     Frase{ENAMETOOLONG, u"El nombre o la ruta es demasiado largo."},
     Frase{ENOMEM, u"No hay memoria suficiente."},
@@ -41,6 +41,26 @@ constexpr std::array Frases{
     Frase{ENFILE, u"Hay demasiados archivos abiertos."},
     Frase{EMLINK, u"El archivo tiene demasiados enlaces."},
     Frase{EXDEV, u"El archivo está en otro disco."},
+    Frase{EAGAIN, u"El sistema no puede atenderlo ahora; inténtelo de nuevo."},
+    Frase{EINTR, u"El sistema ha interrumpido la operación; inténtelo de nuevo."},
+    Frase{ENOSYS, u"El disco no admite esa operación."},
+    Frase{EOPNOTSUPP, u"El disco no admite esa operación."},
+    Frase{EILSEQ, u"El disco no admite los caracteres del nombre."},
+    Frase{EUCLEAN, u"El sistema de archivos del disco está dañado."},
+    Frase{EBADMSG, u"Los datos del disco están dañados."},
+    Frase{EREMOTEIO, u"Error de la unidad remota al leer o escribir."},
+    Frase{EHOSTDOWN, u"El equipo de la unidad de red está apagado."},
+    Frase{EHOSTUNREACH, u"No se llega al equipo de la unidad de red."},
+    Frase{ENETDOWN, u"La red no está disponible."},
+    Frase{ENETUNREACH, u"La red no está disponible."},
+    Frase{ECONNREFUSED, u"La unidad de red rechaza la conexión."},
+    Frase{ECONNRESET, u"Se ha perdido la conexión con la unidad."},
+    Frase{ECONNABORTED, u"Se ha perdido la conexión con la unidad."},
+    Frase{ESHUTDOWN, u"Se ha perdido la conexión con la unidad."},
+    Frase{ENOLCK, u"No quedan bloqueos de archivo en el sistema."},
+    Frase{ENOKEY, u"El archivo está cifrado y falta su clave."},
+    Frase{EKEYEXPIRED, u"La clave de acceso a la unidad ha caducado."},
+    Frase{EKEYREVOKED, u"La clave de acceso a la unidad ya no vale."},
 };
 
 }  // namespace
@@ -50,5 +70,5 @@ QString Resultado::Motivo() const {
   const auto* frase = std::find_if(Frases.begin(), Frases.end(),
                                    [this](const Frase& una) { return una.codigo == codigo_; });
   if (frase != Frases.end()) return QString::fromUtf16(frase->texto);
-  return QString::fromStdString(std::generic_category().message(codigo_)) + u'.';
+  return QStringLiteral("El sistema da el error número %1.").arg(codigo_);
 }
