@@ -1,5 +1,6 @@
 #include "shared/archivo.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <utility>
@@ -12,6 +13,7 @@ constexpr int MaximoIntentos = 5;  // against another program that replaces the 
 
 constexpr int SoloLectura = O_RDONLY | O_NONBLOCK | O_NOCTTY;
 constexpr unsigned PermisosNuevos = 0666;
+constexpr std::size_t MaximoSinTamano = std::size_t{1} << 24;
 
 // What is no regular file is not even opened: opening alone can block or act on a device.
 Resultado ExigirRegularSiExiste(const char* ruta) {
@@ -50,15 +52,29 @@ ResultadoCon<LectorArchivo> LectorArchivo::Abrir(const QString& ruta, SiFalta si
   LectorArchivo lector;
   lector.descriptor_ = std::move(abierto.Valor());
   lector.tamano_ = static_cast<std::size_t>(estado.Valor().st_size);
+  lector.quedan_ = lector.tamano_ == 0 ? MaximoSinTamano : lector.tamano_;
   return lector;
 }
 
 ResultadoCon<std::size_t> LectorArchivo::Leer(char* destino, std::size_t maximo) {
-  return LeerEn(descriptor_.Numero(), destino, maximo);
+  const auto leidos = LeerEn(descriptor_.Numero(), destino, std::min(maximo, quedan_));
+  if (!leidos.Bien()) return leidos;
+  const Resultado cabe = Descontar(leidos.Valor());
+  if (!cabe.Bien()) return cabe;
+  return leidos;
 }
 
 ResultadoCon<QByteArray> LectorArchivo::LeerResto() {
-  return LeerTodo(descriptor_.Numero(), tamano_);
+  auto leido = LeerTodo(descriptor_.Numero(), quedan_);
+  if (!leido.Bien()) return leido;
+  const Resultado cabe = Descontar(static_cast<std::size_t>(leido.Valor().size()));
+  if (!cabe.Bien()) return cabe;
+  return leido;
+}
+
+Resultado LectorArchivo::Descontar(std::size_t leidos) {
+  quedan_ -= leidos;
+  return tamano_ == 0 && quedan_ == 0 ? Resultado::Fallo(EFBIG) : Resultado();
 }
 
 ResultadoCon<QByteArray> LeerArchivo(const QString& ruta) {

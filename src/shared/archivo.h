@@ -16,18 +16,23 @@ class LectorArchivo {
  public:
   enum class SiFalta { Fallar, Crear };  // Crear: a missing file is made, empty
 
-  // Anything but a regular file fails: a folder with EISDIR, a pipe or device with EINVAL; it
-  // never blocks and never reads from one.
+  // Anything but a regular file fails: a folder with EISDIR, a pipe or device with EMEDIUMTYPE;
+  // it never blocks and never reads from one.
   static ResultadoCon<LectorArchivo> Abrir(const QString& ruta, SiFalta si_falta);
 
   std::size_t Tamano() const { return tamano_; }  // bytes, when it was opened
-  // Reads up to `maximo` bytes; 0 bytes read means the end. Interrupted calls are repeated.
+  // Reads up to `maximo` bytes; 0 bytes read means the end, which is at Tamano() also in a file
+  // that grows. A file that gives no length and yet has bytes, as the system's own do, is read,
+  // too; EFBIG when there is no end to them. Interrupted calls are repeated.
   ResultadoCon<std::size_t> Leer(char* destino, std::size_t maximo);
   ResultadoCon<QByteArray> LeerResto();  // everything that is left; ENOMEM when it is too much
 
  private:
+  Resultado Descontar(std::size_t leidos);
+
   Descriptor descriptor_;
   std::size_t tamano_ = 0;
+  std::size_t quedan_ = 0;  // bytes that may yet be read
 };
 
 ResultadoCon<QByteArray> LeerArchivo(const QString& ruta);

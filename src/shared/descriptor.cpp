@@ -111,20 +111,17 @@ ResultadoCon<std::size_t> LeerEn(int descriptor, char* destino, std::size_t maxi
   return static_cast<std::size_t>(leidos);
 }
 
-ResultadoCon<QByteArray> LeerTodo(int descriptor, std::size_t tamano_previsto) {
-  constexpr qsizetype Margen = 4096;  // room to meet the end, or a file that has grown
+ResultadoCon<QByteArray> LeerTodo(int descriptor, std::size_t maximo) {
   try {
-    QByteArray contenido(static_cast<qsizetype>(tamano_previsto) + Margen, Qt::Uninitialized);
-    qsizetype leidos = 0;
-    while (true) {
-      const auto ahora = LeerEn(descriptor, contenido.data() + leidos,
-                                static_cast<std::size_t>(contenido.size() - leidos));
+    QByteArray contenido(static_cast<qsizetype>(maximo), Qt::Uninitialized);
+    std::size_t leidos = 0;
+    while (leidos < maximo) {
+      const auto ahora = LeerEn(descriptor, contenido.data() + leidos, maximo - leidos);
       if (!ahora.Bien()) return ahora.Fallo();
       if (ahora.Valor() == 0) break;
-      leidos += static_cast<qsizetype>(ahora.Valor());
-      if (leidos == contenido.size()) contenido.resize(leidos + leidos / 2);
+      leidos += ahora.Valor();
     }
-    contenido.truncate(leidos);
+    contenido.truncate(static_cast<qsizetype>(leidos));
     return contenido;
   } catch (const std::bad_alloc&) {
     return Resultado::Fallo(ENOMEM);

@@ -34,13 +34,14 @@ class Descriptor {
 ResultadoCon<Descriptor> Abrir(int carpeta, const char* nombre, int modo_apertura,
                                unsigned permisos = 0);
 ResultadoCon<struct stat> Estado(int descriptor);
-// EISDIR for a folder, EINVAL for a pipe, socket or device.
+// EISDIR for a folder, EMEDIUMTYPE, which no file system gives, for a pipe, socket or device.
 Resultado ExigirRegular(const struct stat& estado);
 bool MismoNodo(const struct stat& uno, const struct stat& otro);
 
 // 0 bytes read means the end.
 ResultadoCon<std::size_t> LeerEn(int descriptor, char* destino, std::size_t maximo);
-ResultadoCon<QByteArray> LeerTodo(int descriptor, std::size_t tamano_previsto);
+// Reads on from where it stands, `maximo` bytes or up to the end.
+ResultadoCon<QByteArray> LeerTodo(int descriptor, std::size_t maximo);
 // Writes the pieces one after the other from the first byte of the file.
 Resultado EscribirTodo(int descriptor, std::span<const std::string_view> tramos);
 Resultado Truncar(int descriptor, std::size_t tamano);

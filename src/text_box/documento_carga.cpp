@@ -11,7 +11,7 @@ Resultado Documento::Cargar(LectorArchivo& lector) {
   constexpr std::size_t Bocado = std::size_t{1} << 20;  // counted while it is in the cache
   Bytes nuevos;
   ContadorLineas contador;
-  std::size_t previstos = lector.Tamano();  // the file may grow or shrink meanwhile
+  std::size_t previstos = lector.Tamano();
   while (true) {
     const std::span<char> sitio = nuevos.ReservarFinal(std::max(previstos, Bocado));
     if (sitio.empty()) return Resultado::Fallo(ENOMEM);

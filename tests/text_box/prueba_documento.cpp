@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <random>
@@ -160,6 +161,7 @@ TEST(Documento, a_loaded_file_is_there_byte_for_byte_and_undo_starts_empty) {
   ASSERT_TRUE(documento.Reemplazar(0, 0, "antes", Agrupacion::Sola));
   auto lector = LectorArchivo::Abrir(ruta, LectorArchivo::SiFalta::Fallar);
   ASSERT_TRUE(lector.Bien());
+  std::ofstream(ruta.toStdString(), std::ios::binary | std::ios::app) << "lo que crece";
   ASSERT_TRUE(documento.Cargar(lector.Valor()).Bien());
   EXPECT_TRUE(espejo.texto == contenido);
   EXPECT_FALSE(documento.PuedeDeshacer());
@@ -171,6 +173,10 @@ TEST(Documento, a_read_that_fails_leaves_the_old_text) {
   documento.Poner("antes");
   LectorArchivo cerrado;
   EXPECT_FALSE(documento.Cargar(cerrado).Bien());
+  auto sin_fondo =
+      LectorArchivo::Abrir(QStringLiteral("/proc/self/pagemap"), LectorArchivo::SiFalta::Fallar);
+  ASSERT_TRUE(sin_fondo.Bien());
+  EXPECT_EQ(documento.Cargar(sin_fondo.Valor()).Codigo(), EFBIG);
   EXPECT_EQ(Todo(documento), "antes");
 }
 
