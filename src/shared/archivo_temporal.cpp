@@ -140,8 +140,22 @@ Resultado ArchivoTemporal::Estrenar(const char* nombre) {
     nombre_.clear();
     return {};
   }
-  const bool no_hay = errno == EINVAL || errno == ENOSYS;
-  return no_hay ? Reemplazar(nombre) : Resultado::Fallo(errno);
+  if (errno != EINVAL && errno != ENOSYS) return Resultado::Fallo(errno);
+  return EstrenarSinAyuda(nombre);
+}
+
+// Not every file system knows that call: there a second name is given, or the name taken by an
+// empty file first.
+Resultado ArchivoTemporal::EstrenarSinAyuda(const char* nombre) {
+  if (::linkat(carpeta_, nombre_.c_str(), carpeta_, nombre, 0) == 0) {
+    ::unlinkat(carpeta_, std::exchange(nombre_, {}).c_str(), 0);
+    return {};
+  }
+  const auto sitio = Abrir(carpeta_, nombre, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
+  if (!sitio.Bien()) return sitio.Fallo();
+  const Resultado puesto = Reemplazar(nombre);
+  if (!puesto.Bien()) ::unlinkat(carpeta_, nombre, 0);
+  return puesto;
 }
 
 Resultado ArchivoTemporal::HacerCopiaDe(ino_t nodo) {

@@ -37,6 +37,7 @@ class ArchivoTemporal {
 
  private:
   Resultado Preparar(int carpeta, const char* nombre);
+  Resultado EstrenarSinAyuda(const char* nombre);
 
   int carpeta_ = -1;
   std::string nombre_;

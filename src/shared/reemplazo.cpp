@@ -67,6 +67,12 @@ ResultadoCon<std::string> RutaReal(const char* ruta) {
   return std::string(real.get());
 }
 
+ResultadoCon<Lugar> SituarReal(const char* ruta) {
+  const auto real = RutaReal(ruta);
+  if (!real.Bien()) return real.Fallo();
+  return Situar(real.Valor());
+}
+
 // Follows links whose last target is missing, which realpath() does not.
 ResultadoCon<std::string> RutaPorCrear(std::string ruta) {
   for (int i = 0; i < MaximoEnlaces; ++i) {
@@ -79,21 +85,32 @@ ResultadoCon<std::string> RutaPorCrear(std::string ruta) {
   return Resultado::Fallo(ELOOP);
 }
 
-ResultadoCon<Descriptor> AbrirDocumento(const Lugar& lugar) {
+// By the path as it was given: whether a link may be followed, in a folder where others leave
+// theirs, is for the system to say.
+ResultadoCon<Descriptor> AbrirDocumento(const char* ruta) {
   // A pipe or device is not even opened; the second look is at what was opened in the end.
   struct stat antes {};
-  if (::fstatat(lugar.Carpeta(), lugar.Nombre(), &antes, 0) < 0) return Resultado::Fallo(errno);
+  if (::stat(ruta, &antes) < 0) return Resultado::Fallo(errno);
   const Resultado regular = ExigirRegular(antes);
   if (!regular.Bien()) return regular;
   if ((antes.st_mode & BitsDeEscritura) == 0) return Resultado::Fallo(EACCES);
-  auto documento =
-      Abrir(lugar.Carpeta(), lugar.Nombre(), O_RDWR | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+  auto documento = Abrir(AT_FDCWD, ruta, O_RDWR | O_NONBLOCK | O_NOCTTY);
   if (!documento.Bien()) return documento;
   const auto estado = Estado(documento.Valor().Numero());
   if (!estado.Bien()) return estado.Fallo();
   const Resultado sigue = ExigirRegular(estado.Valor());
   if (!sigue.Bien()) return sigue;
   return documento;
+}
+
+// Where a file that is missing is to be made. The system, asked last, lets the links be followed.
+ResultadoCon<Lugar> SituarNuevo(const char* ruta) {
+  const auto destino = RutaPorCrear(ruta);
+  if (!destino.Bien()) return destino.Fallo();
+  struct stat estado {};
+  if (::stat(ruta, &estado) == 0) return Resultado::Fallo(EEXIST);
+  if (errno != ENOENT) return Resultado::Fallo(errno);
+  return Situar(destino.Valor());
 }
 
 Resultado Rellenar(const ArchivoTemporal& temporal, const Reemplazo& reemplazo) {
@@ -161,15 +178,15 @@ Resultado Poner(const Lugar& lugar, const Descriptor& documento, const struct st
 }  // namespace
 
 Resultado ReemplazarExistente(const char* ruta, const Reemplazo& reemplazo) {
-  const auto real = RutaReal(ruta);
-  if (!real.Bien()) return real.Fallo();
-  const auto situado = Situar(real.Valor());
-  if (!situado.Bien()) return situado.Fallo();
-  const Lugar& lugar = situado.Valor();
-  const auto documento = AbrirDocumento(lugar);
+  const auto documento = AbrirDocumento(ruta);
   if (!documento.Bien()) return documento.Fallo();
   const auto estado = Estado(documento.Valor().Numero());
   if (!estado.Bien()) return estado.Fallo();
+  const auto situado = SituarReal(ruta);
+  if (!situado.Bien()) return situado.Fallo();
+  const Lugar& lugar = situado.Valor();
+  const Resultado sigue = ComprobarQueSigue(lugar, estado.Valor());
+  if (!sigue.Bien()) return sigue;
 
   QuitarRestos(lugar.Carpeta());
   auto temporal = ArchivoTemporal::Crear(lugar.Carpeta(), PermisosPrivados);
@@ -186,9 +203,7 @@ Resultado ReemplazarExistente(const char* ruta, const Reemplazo& reemplazo) {
 }
 
 Resultado CrearNuevo(const char* ruta, const Reemplazo& reemplazo) {
-  const auto destino = RutaPorCrear(ruta);
-  if (!destino.Bien()) return destino.Fallo();
-  const auto situado = Situar(destino.Valor());
+  const auto situado = SituarNuevo(ruta);
   if (!situado.Bien()) return situado.Fallo();
   const Lugar& lugar = situado.Valor();
   QuitarRestos(lugar.Carpeta());

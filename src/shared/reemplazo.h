@@ -17,8 +17,9 @@ struct Reemplazo {
   Duracion duracion;
 };
 
-// Both follow symbolic links. `ruta` is in the system's form. ESTALE: the file was exchanged for
-// another meanwhile; trying again is safe.
+// Both follow symbolic links where the system itself lets this user follow them: it is asked by the
+// path as it is. `ruta` is in the system's form. ESTALE: the file was exchanged for another
+// meanwhile; trying again is safe.
 Resultado ReemplazarExistente(const char* ruta, const Reemplazo& reemplazo);
 // EEXIST when there is such a file by now. The target of a dangling link is made.
 Resultado CrearNuevo(const char* ruta, const Reemplazo& reemplazo);

@@ -7,6 +7,7 @@ copy may stand beside it instead. After a failure that is reported it holds the 
 a success the new one. The next save leaves nothing but the file. Ends with 77 where nothing can be
 traced. The whole of it, with more faults and more ways of saving, is entero.py.
 """
+import errno
 import os
 import sys
 
@@ -32,7 +33,27 @@ def romper(raiz):
     return None if bien and caso.siguiente() else "sin copia"
 
 
+def vedar(raiz, clase, llamada):
+    """A link that the system does not let this user follow: what it leads to is not touched."""
+    caso = Caso(raiz, clase)
+    codigo = caso.guardar("strace", "-o", os.devnull, "-P", caso.ruta, "-e",
+                          f"inject={llamada}:error=EACCES")
+    bien = codigo == errno.EACCES and caso.leer() == caso.viejo and not caso.restos()
+    return None if bien else f"seguido: {codigo}"
+
+
+def sin_ayuda(raiz, *faltan):
+    """A file system that lacks the calls which give a new name safely."""
+    caso = Caso(raiz, "nuevo")
+    codigo, _ = caso.correr(*faltan)
+    return None if codigo == 0 and caso.leer() == NUEVO and not caso.restos() else f"da {codigo}"
+
+
 def otros():
+    yield vedar, "cadena", "openat"
+    yield vedar, "colgado", "newfstatat"
+    yield sin_ayuda, "renameat2:error=EINVAL"
+    yield sin_ayuda, "renameat2:error=EINVAL", "linkat:error=EPERM"
     for error in ("EXDEV", "EBUSY", "EPERM", "EACCES"):
         yield rehusar, error
     yield (romper,)

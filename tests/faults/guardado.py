@@ -15,7 +15,7 @@ INI_OTRO = b"[B]\r\nz=9\r\n"
 FAVORITAS = (b"/a", b"/b"), (b"/a", b"/a/c", b"/b")
 TEMPORAL = re.compile(r"\.velda-\w{6}(-\d+)?\.tmp")
 COMO_NADIE = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"]
-LLAMADAS = ("openat,read,pwritev,ftruncate,fallocate,fsync,close,renameat,renameat2,unlinkat,flock,"
+LLAMADAS = ("openat,read,pwritev,ftruncate,fallocate,fsync,close,renameat,renameat2,linkat,unlinkat,flock,"
             "fcntl,fstat,newfstatat,readlink,fchown,fchmod,flistxattr,fgetxattr,fsetxattr,mkdir,"
             "getdents64,access,dup,getcwd")
 INTERRUMPIBLES = {"openat", "read", "pwritev", "ftruncate", "fallocate", "fsync", "close", "flock"}
