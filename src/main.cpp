@@ -7,7 +7,7 @@
 int main(int /*argc*/, char** argv) {
   const Aplicacion aplicacion(argv[0]);
   EscritorioReal escritorio;
-  AccesoPerfilArchivo ajustes;
+  AccesoPerfilArchivo ajustes(CarpetaConfiguracion());
   ModGral gral(ajustes);
   FrmMain principal(gral, escritorio.Servicios());
   principal.MostrarSinActivar();

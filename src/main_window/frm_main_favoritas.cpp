@@ -1,6 +1,7 @@
 // The favourite folders in the main window: their text files are listed in one go.
 #include <utility>
 
+#include <QHash>
 #include <QLabel>
 
 #include "main_window/frm_main.h"
@@ -17,8 +18,9 @@ QString ConBarra(const QString& carpeta) {
 }  // namespace
 
 void FrmMain::ComandoFavoritas() {
-  if (LeerTotalFavoritas(gral_) > 0) {
-    AbrirFavoritas();
+  const QStringList carpetas = LeerFavoritas(gral_);
+  if (!carpetas.isEmpty()) {
+    AbrirFavoritas(carpetas);
   } else if (!gral_.ArchivoNuevo) {
     gral_.VerFavoritas = true;
     TraerTexto();
@@ -26,17 +28,22 @@ void FrmMain::ComandoFavoritas() {
 }
 
 // A folder on a drive that is not there is counted; after any other failure FileList still holds
-// the folder that it held before.
-void FrmMain::AbrirFavoritas() {
+// the folder that it held before. One that is named twice is read once.
+void FrmMain::AbrirFavoritas(const QStringList& carpetas) {
   int no_abiertas = 0;
   bool por_anotar = true;  // FileList's files are not among those collected
   QStringList rutas;
-  for (int i = 1; i <= gral_.TotalFavoritas; ++i) {
-    auto leida = escritorio_.unidades.Leer(LeerFavorita(gral_, i), Busca::Textos);
-    if (leida.Bien()) {
-      FileList = std::move(leida.Valor());
-      por_anotar = true;
-    } else if (UnidadNoDisponible(leida.Fallo())) {
+  QHash<QString, ResultadoCon<CarpetaLeida>> leidas;
+  for (const QString& favorita : carpetas) {
+    auto leida = leidas.find(favorita);
+    const bool es_nueva = leida == leidas.end();
+    if (es_nueva) {
+      leida = leidas.insert(favorita, escritorio_.unidades.Leer(favorita, Busca::Textos));
+    }
+    if (leida->Bien()) {
+      FileList = leida->Valor();
+      por_anotar = es_nueva;
+    } else if (UnidadNoDisponible(leida->Fallo())) {
       ++no_abiertas;
       continue;
     }

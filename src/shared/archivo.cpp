@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int MaximoIntentos = 5;  // against another program that replaces the same file
-
 constexpr int SoloLectura = O_RDONLY | O_NONBLOCK | O_NOCTTY;
 constexpr unsigned PermisosNuevos = 0666;
 constexpr std::size_t MaximoSinTamano = std::size_t{1} << 24;

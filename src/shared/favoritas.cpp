@@ -28,17 +28,14 @@ std::int16_t LeerTotalFavoritas(ModGral& gral) {
   return gral.TotalFavoritas;
 }
 
-QString LeerFavorita(ModGral& gral, int numero) {
-  return gral.perfil.LeerLargo(gral.ArchivoFavoritas, Datos, Clave(numero), u"");
-}
-
 QStringList LeerFavoritas(ModGral& gral) {
-  QStringList carpetas;
+  QStringList claves;
   const int total = LeerTotalFavoritas(gral);
   for (int i = 1; i <= total; ++i) {
-    carpetas << LeerFavorita(gral, i);
+    claves << Clave(i);
   }
-  return carpetas;
+  return claves.isEmpty() ? QStringList()
+                          : gral.perfil.LeerLargos(gral.ArchivoFavoritas, Datos, claves, u"");
 }
 
 bool CabeEnFavoritas(const QString& carpeta) {
@@ -52,8 +49,9 @@ void GuardarFavoritas(ModGral& gral, const QStringList& carpetas) {
     (void)::unlink(RutaDelSistema(gral.ArchivoFavoritas).constData());
     return;
   }
-  // The list is stored whole: half of an old one and half of a new one would lose a folder.
-  const Perfil::Juntos juntos(gral.perfil, gral.ArchivoFavoritas);
+  // The list is stored whole: half of an old one and half of a new one would lose a folder. It is
+  // rare and small enough to wait for the disk.
+  const Perfil::Juntos juntos(gral.perfil, gral.ArchivoFavoritas, Duracion::Sincronizada);
   gral.perfil.Escribir(gral.ArchivoFavoritas, Registros, Total,
                        QString::number(gral.TotalFavoritas));
   int numero = 0;

@@ -19,7 +19,20 @@ void Perfil::Leer(const QString& ruta, QStringView seccion, QStringView clave,
 
 QString Perfil::LeerLargo(const QString& ruta, QStringView seccion, QStringView clave,
                           QStringView defecto) {
-  const QByteArray valor = acceso_.LeerCadena(seccion, clave, PaginaCodigos::ABytes(defecto), ruta);
+  return Recoger(acceso_.LeerCadena(seccion, clave, PaginaCodigos::ABytes(defecto), ruta));
+}
+
+QStringList Perfil::LeerLargos(const QString& ruta, QStringView seccion,
+                               std::span<const QString> claves, QStringView defecto) {
+  QStringList textos;
+  for (const QByteArray& valor :
+       acceso_.LeerCadenas(seccion, claves, PaginaCodigos::ABytes(defecto), ruta)) {
+    textos << Recoger(valor);
+  }
+  return textos;
+}
+
+QString Perfil::Recoger(const QByteArray& valor) {
   Longitud = static_cast<std::int16_t>(std::min(valor.size(), MaximoLeido));
   std::copy_n(valor.begin(), Longitud, Buffer.begin());
   Buffer[static_cast<std::size_t>(Longitud)] = '\0';
@@ -81,11 +94,12 @@ void Perfil::Entregar(const QString& ruta, QStringView seccion, QStringView clav
   }
 }
 
-Perfil::Juntos::Juntos(Perfil& perfil, QString ruta) : perfil_(perfil), ruta_(std::move(ruta)) {
+Perfil::Juntos::Juntos(Perfil& perfil, QString ruta, Duracion duracion)
+    : perfil_(perfil), ruta_(std::move(ruta)), duracion_(duracion) {
   perfil.juntos_ = this;
 }
 
 Perfil::Juntos::~Juntos() {
   perfil_.juntos_ = nullptr;
-  perfil_.acceso_.EscribirCadenas(ajustes_, ruta_);
+  perfil_.acceso_.EscribirCadenas(ajustes_, ruta_, duracion_);
 }

@@ -3,15 +3,19 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
+#include "shared/archivo.h"
 #include "shared/constantes.h"
 
 // A value to be written, in bytes of the code page.
@@ -32,27 +36,51 @@ class AccesoPerfil {
   // The value at full length, or `defecto` when the file, the section or the key is missing.
   virtual QByteArray LeerCadena(QStringView seccion, QStringView clave, const QByteArray& defecto,
                                 const QString& ruta) = 0;
-  // Creates or replaces the key; section, file and folder are created when missing. Its failures
-  // are not reported.
+  // The same for several keys of one section, in their order.
+  virtual QList<QByteArray> LeerCadenas(QStringView seccion, std::span<const QString> claves,
+                                        const QByteArray& defecto, const QString& ruta) {
+    QList<QByteArray> valores;
+    for (const QString& una : claves) valores << LeerCadena(seccion, una, defecto, ruta);
+    return valores;
+  }
+  // Creates or replaces the key; section and file are created when missing. Its failures are not
+  // reported.
   virtual void EscribirCadena(QStringView seccion, QStringView clave, const QByteArray& valor,
                               const QString& ruta) = 0;
   // The same for several keys of one file, in their order.
-  virtual void EscribirCadenas(std::span<const Ajuste> ajustes, const QString& ruta) {
+  virtual void EscribirCadenas(std::span<const Ajuste> ajustes, const QString& ruta,
+                               Duracion /*duracion*/) {
     for (const Ajuste& uno : ajustes) EscribirCadena(uno.seccion, uno.clave, uno.valor, ruta);
   }
 };
 
 // The files on the disk. A write holds a flock(2) on the file's folder, so that programs running
 // at the same time lose none of each other's keys; keys that are written together are all stored
-// or none is. A file that exists but cannot be read is not written, and neither is one that would
-// not change.
+// or none is. A lock that somebody does not let go is waited for once. A file that exists but
+// cannot be read is not written, and neither is one that would not change. Several keys are read
+// and looked for in one go.
 class AccesoPerfilArchivo : public AccesoPerfil {
  public:
+  using Esperar = std::function<void(std::chrono::milliseconds)>;
+
+  // `por_crear` is the one folder that is made when it is missing.
+  explicit AccesoPerfilArchivo(const QString& por_crear = {}, Esperar esperar = {});
+
   QByteArray LeerCadena(QStringView seccion, QStringView clave, const QByteArray& defecto,
                         const QString& ruta) override;
+  QList<QByteArray> LeerCadenas(QStringView seccion, std::span<const QString> claves,
+                                const QByteArray& defecto, const QString& ruta) override;
   void EscribirCadena(QStringView seccion, QStringView clave, const QByteArray& valor,
                       const QString& ruta) override;
-  void EscribirCadenas(std::span<const Ajuste> ajustes, const QString& ruta) override;
+  void EscribirCadenas(std::span<const Ajuste> ajustes, const QString& ruta,
+                       Duracion duracion) override;
+
+ private:
+  Descriptor BloquearCarpeta(const QString& carpeta);
+
+  QString por_crear_;
+  Esperar esperar_;
+  bool atascado_ = false;  // the lock was waited for in vain, and was not free since
 };
 
 // The one buffer and the calls on it.
@@ -66,6 +94,9 @@ class Perfil {
   // The same, and gives back the whole value however long it is.
   QString LeerLargo(const QString& ruta, QStringView seccion, QStringView clave,
                     QStringView defecto);
+  // Whole values of several keys of one section; the last one stays in Buffer.
+  QStringList LeerLargos(const QString& ruta, QStringView seccion, std::span<const QString> claves,
+                         QStringView defecto);
 
   // The forms in which a value that was read is used.
   QString Valor() const;            // the first Longitud characters
@@ -89,7 +120,7 @@ class Perfil {
   // None is made while another lives.
   class Juntos {
    public:
-    Juntos(Perfil& perfil, QString ruta);
+    Juntos(Perfil& perfil, QString ruta, Duracion duracion = Duracion::SinSincronizar);
     Juntos(const Juntos&) = delete;
     Juntos& operator=(const Juntos&) = delete;
     ~Juntos();
@@ -98,6 +129,7 @@ class Perfil {
     friend class Perfil;
     Perfil& perfil_;
     QString ruta_;
+    Duracion duracion_;
     std::vector<Ajuste> ajustes_;
   };
 
@@ -105,6 +137,7 @@ class Perfil {
   std::int16_t Longitud = 0;                // characters of the last read
 
  private:
+  QString Recoger(const QByteArray& valor);
   QByteArrayView Leido() const { return {Buffer.data(), Longitud}; }
   void Entregar(const QString& ruta, QStringView seccion, QStringView clave,
                 const QByteArray& valor);

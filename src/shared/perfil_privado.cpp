@@ -145,6 +145,33 @@ std::optional<QByteArray> Buscar(QByteArrayView contenido, QByteArrayView seccio
   return SinComillas(Recortar(valor)).toByteArray();
 }
 
+QByteArray SinCaja(QByteArrayView clave) {
+  QByteArray mayusculas = clave.toByteArray();
+  for (char& letra : mayusculas) {
+    letra = static_cast<char>(PaginaCodigos::AMayuscula(static_cast<unsigned char>(letra)));
+  }
+  return mayusculas;
+}
+
+QHash<QByteArray, QByteArray> Seccion(QByteArrayView contenido, QByteArrayView seccion) {
+  QHash<QByteArray, QByteArray> valores;
+  bool dentro = false;
+  Lineas lineas(contenido);
+  for (Linea linea; lineas.Siguiente(linea);) {
+    const QByteArrayView texto = lineas.Texto(linea);
+    const QByteArrayView nombre = NombreDeSeccion(texto);
+    if (!nombre.isNull() && dentro) break;
+    if (!nombre.isNull()) dentro = IgualSinCaja(nombre, seccion);
+    const qsizetype igual = dentro && nombre.isNull() ? texto.indexOf('=') : -1;
+    const QByteArrayView clave = igual < 0 ? QByteArrayView() : Recortar(texto.first(igual));
+    if (igual < 0 || clave.startsWith(';')) continue;
+    const QByteArray en_hash = SinCaja(clave);
+    if (valores.contains(en_hash)) continue;
+    valores.insert(en_hash, SinComillas(Recortar(texto.sliced(igual + 1))).toByteArray());
+  }
+  return valores;
+}
+
 QByteArray Poner(QByteArrayView contenido, QByteArrayView seccion, QByteArrayView clave,
                  QByteArrayView valor) {
   const Hallazgo hallazgo = Recorrer(contenido, seccion, clave);

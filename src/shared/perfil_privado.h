@@ -9,12 +9,18 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QHash>
 
 namespace PerfilPrivado {
 
 // The value without the blanks around it and without one pair of matching quotes around the rest.
 std::optional<QByteArray> Buscar(QByteArrayView contenido, QByteArrayView seccion,
                                  QByteArrayView clave);
+
+// The name of a key in the form in which case does not matter.
+QByteArray SinCaja(QByteArrayView clave);
+// All values of a section, as Buscar() finds them, by SinCaja() of their keys.
+QHash<QByteArray, QByteArray> Seccion(QByteArrayView contenido, QByteArrayView seccion);
 
 // The content with that value, as it stands, behind the "=". A missing key goes behind the last
 // line of its section, a missing section to the end. New lines end as their neighbours do; in a

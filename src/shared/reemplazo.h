@@ -12,6 +12,8 @@
 
 #include "shared/archivo.h"
 
+inline constexpr int MaximoIntentos = 5;  // against another program that replaces the same file
+
 struct Reemplazo {
   std::span<const std::string_view> tramos;  // the new content, in its order
   Duracion duracion;

@@ -103,6 +103,7 @@ void FrmTexto::CmdCerrar_Click() {
   gral_.VerOpciones = false;
   Opciones().hide();
   CajaVisible().setFocus();
+  const Perfil::Juntos juntos(gral_.perfil, gral_.ArchivoINI);
   EscribirAspecto(gral_.perfil, gral_.ArchivoINI, aspecto_);
   const auto escribir = [this](QStringView clave, const QCheckBox* casilla) {
     gral_.perfil.EscribirBuffer(gral_.ArchivoINI, u"Opciones", clave,

@@ -16,8 +16,8 @@ import sys
 import tempfile
 import time
 
-from guardado import (COMO_NADIE, GUARDAR, NUEVO, OTRO, VIEJO, Caso, motivo, no_se_puede_trazar,
-                      probar)
+from guardado import (COMO_NADIE, GUARDAR, INI_ANADIDO, NUEVO, OTRO, VIEJO, Caso, motivo,
+                      no_se_puede_trazar, probar)
 
 TACANO = sys.argv[2] if len(sys.argv) > 2 else None
 PAGINA, SOBRA = 4096, 24  # SOBRA: so many free pages are enough for every save here
@@ -163,6 +163,7 @@ def durante(raiz, clase, que, esperado):
         elif que == "cambiar":
             caso.escribir(caso.en_base("ajeno"), OTRO)
             os.chmod(caso.en_base("ajeno"), 0o604)
+            caso.nuevo = OTRO + INI_ANADIDO if caso.ajuste else caso.nuevo
             os.replace(caso.en_base("ajeno"), caso.archivo)
         else:
             os.rename(caso.carpeta, caso.en_base("d"))
@@ -217,6 +218,8 @@ def trabajos(maquina, paso):
         for clase in ("uno", "nuevo"):
             yield durante, clase, "cambiar", 0
             yield durante, clase, "mudar", 0
+        for clase in ("perfil", "estreno"):
+            yield durante, clase, "cambiar", 0
 
 
 if __name__ == "__main__":

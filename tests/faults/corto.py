@@ -68,6 +68,7 @@ def trabajos(raiz):
                 yield fallar, clase, nombre, vez, "ENOSPC"
             if nombre in INTERRUMPIBLES:
                 yield fallar, clase, nombre, vez, "EINTR"
+    yield fallar, "favoritas", "fsync", 1, "EIO"
     yield from otros()
 
 

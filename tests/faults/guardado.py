@@ -12,6 +12,7 @@ VIEJO, NUEVO, OTRO = b"viejo\n" * 3000, b"contenido nuevo\r\n" * 900, b"otro"
 INI_VIEJO, INI_NUEVO, INI_SOLO = (b"[A]\r\nx=1\r\ny=2\r\n", b"[A]\r\nx=1\r\ny=33\r\n",
                                   b"[a]\r\nY=33\r\n")
 INI_OTRO = b"[B]\r\nz=9\r\n"
+INI_ANADIDO = b"\r\n" + INI_SOLO  # to a text without a line end
 FAVORITAS = (b"/a", b"/b"), (b"/a", b"/a/c", b"/b")
 TEMPORAL = re.compile(r"\.velda-\w{6}(-\d+)?\.tmp")
 COMO_NADIE = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"]

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <unistd.h>
 
+#include <QFileInfo>
 #include <QStringList>
 
 #include "shared/archivo.h"
@@ -43,7 +44,7 @@ int Guardar(Guardado guardar, const QString& ruta, const QString& origen) {
 }
 
 int GuardarValor(const QStringList& argumentos) {
-  AccesoPerfilArchivo acceso;
+  AccesoPerfilArchivo acceso(QFileInfo(argumentos[2]).path());
   Marcar();
   acceso.EscribirCadena(argumentos[3], argumentos[4], argumentos[5].toLatin1(), argumentos[2]);
   return 0;

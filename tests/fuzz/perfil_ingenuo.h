@@ -140,6 +140,15 @@ class PerfilEnMemoria : public AccesoPerfil {
                                  PaginaCodigos::ABytes(clave))
         .value_or(defecto);
   }
+  QList<QByteArray> LeerCadenas(QStringView seccion, std::span<const QString> claves,
+                                const QByteArray& defecto, const QString& /*ruta*/) override {
+    const auto valores = PerfilPrivado::Seccion(contenido, PaginaCodigos::ABytes(seccion));
+    QList<QByteArray> leidos;
+    for (const QString& una : claves) {
+      leidos << valores.value(PerfilPrivado::SinCaja(PaginaCodigos::ABytes(una)), defecto);
+    }
+    return leidos;
+  }
   void EscribirCadena(QStringView seccion, QStringView clave, const QByteArray& valor,
                       const QString& /*ruta*/) override {
     contenido = PerfilPrivado::Poner(contenido, PaginaCodigos::ABytes(seccion),

@@ -3,13 +3,28 @@
 
 namespace {
 
+// Counts how often the file is read.
+struct AccesoContado : AccesoPerfilArchivo {
+  QByteArray LeerCadena(QStringView seccion, QStringView clave, const QByteArray& defecto,
+                        const QString& ruta) override {
+    ++lecturas;
+    return AccesoPerfilArchivo::LeerCadena(seccion, clave, defecto, ruta);
+  }
+  QList<QByteArray> LeerCadenas(QStringView seccion, std::span<const QString> claves,
+                                const QByteArray& defecto, const QString& ruta) override {
+    ++lecturas;
+    return AccesoPerfilArchivo::LeerCadenas(seccion, claves, defecto, ruta);
+  }
+  int lecturas = 0;
+};
+
 class Favoritas : public testing::Test {
  protected:
   Favoritas() { gral.ArchivoFavoritas = carpeta.Ruta("Favoritas.INI"); }
   QByteArray Archivo() const { return carpeta.Leer("Favoritas.INI"); }
 
   CarpetaDePrueba carpeta;
-  AccesoPerfilArchivo acceso;
+  AccesoContado acceso;
   ModGral gral{acceso};
 };
 
@@ -18,6 +33,15 @@ TEST_F(Favoritas, a_missing_file_names_none_and_is_not_made) {
   EXPECT_TRUE(carpeta.Nombres().empty());
   GuardarFavoritas(gral, {});
   EXPECT_TRUE(carpeta.Nombres().empty());
+}
+
+TEST_F(Favoritas, the_file_is_not_read_for_every_folder) {
+  carpeta.Escribir("Favoritas.INI", "[Registros]\nTotal=32767\n[DATOS]\nf3= '/c ' \nF3=/d\n");
+  const QStringList leidas = LeerFavoritas(gral);
+  EXPECT_EQ(leidas.size(), 32767);
+  EXPECT_EQ(leidas.join(QString()), "/c ");
+  EXPECT_EQ(leidas[2], "/c ");
+  EXPECT_EQ(acceso.lecturas, 2) << "the number, and all of them";
 }
 
 TEST_F(Favoritas, the_file_holds_the_folders_in_fields_and_thirty_keys) {

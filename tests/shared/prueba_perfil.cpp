@@ -1,5 +1,9 @@
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 #include "shared/carpeta_de_prueba.h"
 #include "shared/perfil.h"
@@ -15,11 +19,13 @@ class PerfilEnDisco : public testing::Test {
 
   CarpetaDePrueba carpeta;
   QString ruta = carpeta.Ruta("Velda.INI");
-  AccesoPerfilArchivo acceso;
+  AccesoPerfilArchivo acceso{carpeta.Ruta("config/velda")};
   Perfil perfil{acceso};
 };
 
-TEST_F(PerfilEnDisco, the_first_write_makes_folder_and_file) {
+TEST_F(PerfilEnDisco, the_first_write_makes_folder_and_file_but_no_other_folder) {
+  perfil.Escribir(carpeta.Ruta("borrada/Velda.INI"), u"PosTam", u"PrinIzda", u"-20");
+  EXPECT_EQ(carpeta.Nombres(), QStringList());
   ruta = carpeta.Ruta("config/velda/Velda.INI");
   perfil.Escribir(ruta, u"PosTam", u"PrinIzda", u"-20");
   perfil.EscribirBuffer(ruta, u"Fuente", u"Tamaño", u"9,75");
@@ -50,6 +56,27 @@ TEST_F(PerfilEnDisco, a_long_value_is_read_cut_at_99_or_whole) {
     perfil.EscribirBuffer(ruta, u"Datos", u"F1", texto);
     EXPECT_EQ(perfil.LeerLargo(ruta, u"Datos", u"F1", u""), texto.left(100));
   }
+}
+
+TEST_F(PerfilEnDisco, a_lock_that_is_not_let_go_is_waited_for_once) {
+  const int cerrojo = ::open(carpeta.EnSistema("").constData(), O_RDONLY | O_CLOEXEC);
+  ASSERT_EQ(::flock(cerrojo, LOCK_EX), 0);
+  int esperas = 0;
+  AccesoPerfilArchivo impaciente({}, [&](auto) { ++esperas; });
+  Perfil otro(impaciente);
+  std::vector<int> entre_claves;
+  for (const char16_t* clave : {u"a", u"b", u"c"}) {
+    otro.Escribir(ruta, u"PosTam", clave, u"1");
+    EXPECT_EQ(Leido(clave), "1") << "written without the lock";
+    entre_claves.push_back(std::exchange(esperas, 0));
+    if (*clave == u'b') ::flock(cerrojo, LOCK_UN);
+  }
+  EXPECT_GT(entre_claves[0], 0);
+  ::flock(cerrojo, LOCK_EX);
+  otro.Escribir(ruta, u"PosTam", u"d", u"1");
+  ::close(cerrojo);
+  entre_claves.push_back(esperas);
+  EXPECT_EQ(entre_claves, (std::vector{entre_claves[0], 0, 0, entre_claves[0]}));
 }
 
 TEST_F(PerfilEnDisco, an_equal_value_does_not_write_the_file) {

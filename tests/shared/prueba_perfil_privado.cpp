@@ -8,6 +8,7 @@ namespace {
 
 using PerfilPrivado::Buscar;
 using PerfilPrivado::Poner;
+using PerfilPrivado::Seccion;
 
 TEST(PerfilPrivado, values_are_found_as_the_format_says) {
   struct Caso {
@@ -24,6 +25,7 @@ TEST(PerfilPrivado, values_are_found_as_the_format_says) {
                           {"[Se]\na\xF1o=\"1'\n", "\"1'"},
                           {"[Se]\na\xF1o=\"\n", "\""},
                           {"[Se]\na\xF1o=1\na\xF1o=2\n", "1"},
+                          {"[Se]\nA\xD1O=\na\xF1o=2\n", ""},
                           {"\xEF\xBB\xBF[Se]\na\xF1o=1\n", "1"},
                           {"[Se]\n;a\xF1o=1\n ; a\xF1o=2\na\xF1o=3\n", "3"},
                           {QByteArray("\0\n[Se]\na\xF1o=\0\xFF\n", 14), QByteArray("\0\xFF", 2)},
@@ -34,6 +36,9 @@ TEST(PerfilPrivado, values_are_found_as_the_format_says) {
                           {"", {}}};
   for (const Caso& caso : casos) {
     EXPECT_EQ(Buscar(caso.contenido, "Se", "a\xF1o"), caso.valor) << caso.contenido.constData();
+    const auto toda = Seccion(caso.contenido, "sE");
+    EXPECT_EQ(toda.contains("A\xD1O"), caso.valor.has_value()) << caso.contenido.constData();
+    EXPECT_EQ(toda.value("A\xD1O"), caso.valor.value_or("")) << caso.contenido.constData();
   }
 }
 
