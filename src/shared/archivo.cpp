@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <string>
 #include <utility>
+
+#include <QFile>
 
 #include "shared/reemplazo.h"
 
@@ -79,6 +82,14 @@ ResultadoCon<QByteArray> LeerArchivo(const QString& ruta) {
   auto lector = LectorArchivo::Abrir(ruta, LectorArchivo::SiFalta::Fallar);
   if (!lector.Bien()) return lector.Fallo();
   return lector.Valor().LeerResto();
+}
+
+QStringList CopiasDeGuardado(const QString& ruta) {
+  QStringList copias;
+  for (const std::string& una : CopiasDe(RutaDelSistema(ruta).constData())) {
+    copias << QFile::decodeName(una.c_str());
+  }
+  return copias;
 }
 
 Resultado ReemplazarArchivo(const QString& ruta, std::span<const std::string_view> tramos,

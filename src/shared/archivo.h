@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include "shared/descriptor.h"
 #include "shared/resultado.h"
@@ -36,6 +37,10 @@ class LectorArchivo {
 };
 
 ResultadoCon<QByteArray> LeerArchivo(const QString& ruta);
+
+// Full paths of the copies that saves which were interrupted while they wrote into this file have
+// left beside it. Each holds a whole text that is not the file's; the program never removes them.
+QStringList CopiasDeGuardado(const QString& ruta);
 
 enum class Duracion { Sincronizada, SinSincronizar };  // is the disk waited for?
 

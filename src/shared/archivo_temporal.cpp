@@ -18,6 +18,7 @@ constexpr std::string_view Final = ".tmp";
 constexpr std::string_view Letras =
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
 constexpr std::size_t LetrasPorNombre = 6;
+constexpr std::string_view NumerosDeCopia = "123456789";
 constexpr int MaximoIntentos = 100;
 
 std::string NombreNuevo(std::string_view detras = {}) {
@@ -32,14 +33,20 @@ std::string MarcaDeCopia(ino_t nodo) {
   return std::string(1, '-').append(std::to_string(nodo));
 }
 
-// Is it the name of a temporary file with just this text behind its letters?
-bool EsNombre(std::string_view nombre, std::string_view detras) {
-  const std::size_t fijo = Principio.size() + LetrasPorNombre;
-  if (nombre.size() != fijo + detras.size() + Final.size()) return false;
-  const std::string_view letras = nombre.substr(Principio.size(), LetrasPorNombre);
-  return nombre.starts_with(Principio) &&
-         nombre.substr(fijo) == std::string(detras).append(Final) &&
-         letras.find_first_not_of(Letras) == std::string_view::npos;
+// A name that can be looked for without reading the folder.
+std::string NombreDeCopia(char numero, ino_t nodo) {
+  return std::string(Principio)
+      .append("copia")
+      .append(1, numero)
+      .append(MarcaDeCopia(nodo))
+      .append(Final);
+}
+
+bool EsNombre(std::string_view nombre) {
+  const std::string_view letras = nombre.substr(std::min(Principio.size(), nombre.size()));
+  return nombre.size() == Principio.size() + LetrasPorNombre + Final.size() &&
+         nombre.starts_with(Principio) && nombre.ends_with(Final) &&
+         letras.find_first_not_of(Letras) == LetrasPorNombre;
 }
 
 enum class Cerrojo { Tomado, Ajeno, NoHay };
@@ -68,18 +75,15 @@ void QuitarSiAbandonado(int carpeta, const char* nombre) {
   }
 }
 
-void QuitarTodos(int carpeta, std::string_view detras) {
-  auto lista = Abrir(carpeta, ".", O_RDONLY | O_DIRECTORY);
-  if (!lista.Bien()) return;
-  const int numero = ::dup(lista.Valor().Numero());
-  const std::unique_ptr<DIR, int (*)(DIR*)> entradas(::fdopendir(numero), ::closedir);
-  if (!entradas) {
-    if (numero >= 0) ::close(numero);
-    return;
-  }
-  while (const dirent* entrada = ::readdir(entradas.get())) {  // NOLINT: its own stream
-    if (EsNombre(entrada->d_name, detras)) QuitarSiAbandonado(carpeta, entrada->d_name);
-  }
+// A copy that this user's saves have left; not open when it is another's, or of a save that lives.
+Descriptor CopiaAbandonada(int carpeta, const char* nombre) {
+  auto copia = Abrir(carpeta, nombre, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+  if (!copia.Bien()) return {};
+  const auto estado = Estado(copia.Valor().Numero());
+  const bool propia =
+      estado.Bien() && S_ISREG(estado.Valor().st_mode) && estado.Valor().st_uid == ::geteuid();
+  if (!propia || Bloquear(copia.Valor().Numero()) == Cerrojo::Ajeno) return {};
+  return std::move(copia.Valor());
 }
 
 }  // namespace
@@ -136,41 +140,73 @@ Resultado ArchivoTemporal::Reemplazar(const char* nombre) {
 }
 
 Resultado ArchivoTemporal::Estrenar(const char* nombre) {
-  if (::renameat2(carpeta_, nombre_.c_str(), carpeta_, nombre, RENAME_NOREPLACE) == 0) {
-    nombre_.clear();
-    return {};
-  }
-  if (errno != EINVAL && errno != ENOSYS) return Resultado::Fallo(errno);
-  return EstrenarSinAyuda(nombre);
+  const Resultado puesto = LlamarSiLibre(nombre);
+  if (puesto.Bien()) Conservar();
+  return puesto;
+}
+
+Resultado ArchivoTemporal::LlamarSiLibre(const char* nombre) {
+  const int devuelto = ::renameat2(carpeta_, nombre_.c_str(), carpeta_, nombre, RENAME_NOREPLACE);
+  if (devuelto < 0 && errno != EINVAL && errno != ENOSYS) return Resultado::Fallo(errno);
+  const Resultado puesto = devuelto == 0 ? Resultado() : LlamarSinAyuda(nombre);
+  if (puesto.Bien()) nombre_ = nombre;
+  return puesto;
 }
 
 // Not every file system knows that call: there a second name is given, or the name taken by an
 // empty file first.
-Resultado ArchivoTemporal::EstrenarSinAyuda(const char* nombre) {
+Resultado ArchivoTemporal::LlamarSinAyuda(const char* nombre) {
   if (::linkat(carpeta_, nombre_.c_str(), carpeta_, nombre, 0) == 0) {
-    ::unlinkat(carpeta_, std::exchange(nombre_, {}).c_str(), 0);
+    ::unlinkat(carpeta_, nombre_.c_str(), 0);
     return {};
   }
   const auto sitio = Abrir(carpeta_, nombre, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
   if (!sitio.Bien()) return sitio.Fallo();
-  const Resultado puesto = Reemplazar(nombre);
-  if (!puesto.Bien()) ::unlinkat(carpeta_, nombre, 0);
-  return puesto;
+  if (::renameat(carpeta_, nombre_.c_str(), carpeta_, nombre) == 0) return {};
+  const Resultado rehusado = Resultado::Fallo(errno);
+  ::unlinkat(carpeta_, nombre, 0);
+  return rehusado;
 }
 
 Resultado ArchivoTemporal::HacerCopiaDe(ino_t nodo) {
-  const std::string nombre = NombreNuevo(MarcaDeCopia(nodo));
-  if (::renameat(carpeta_, nombre_.c_str(), carpeta_, nombre.c_str()) < 0) {
-    return Resultado::Fallo(errno);
+  for (const char numero : NumerosDeCopia) {
+    const Resultado nombrada = LlamarSiLibre(NombreDeCopia(numero, nodo).c_str());
+    if (nombrada.Codigo() != EEXIST) return nombrada;
   }
-  nombre_ = nombre;
-  return {};
+  return LlamarSiLibre(NombreNuevo(MarcaDeCopia(nodo)).c_str());
 }
 
 void QuitarRestos(int carpeta) {
-  QuitarTodos(carpeta, {});
+  auto lista = Abrir(carpeta, ".", O_RDONLY | O_DIRECTORY);
+  if (!lista.Bien()) return;
+  const int numero = ::dup(lista.Valor().Numero());
+  const std::unique_ptr<DIR, int (*)(DIR*)> entradas(::fdopendir(numero), ::closedir);
+  if (!entradas) {
+    if (numero >= 0) ::close(numero);
+    return;
+  }
+  while (const dirent* entrada = ::readdir(entradas.get())) {  // NOLINT: its own stream
+    if (EsNombre(entrada->d_name)) QuitarSiAbandonado(carpeta, entrada->d_name);
+  }
 }
 
-void QuitarCopias(int carpeta, ino_t nodo) {
-  QuitarTodos(carpeta, MarcaDeCopia(nodo));
+void QuitarCopias(int carpeta, ino_t nodo, int documento) {
+  for (const char numero : NumerosDeCopia) {
+    const std::string nombre = NombreDeCopia(numero, nodo);
+    const Descriptor copia = CopiaAbandonada(carpeta, nombre.c_str());
+    const bool sobra = copia.Abierto() && MismoContenido(copia.Numero(), documento) &&
+                       Sincronizar(documento).Bien();
+    if (sobra) ::unlinkat(carpeta, nombre.c_str(), 0);
+  }
+}
+
+std::vector<std::string> CopiasDistintas(int carpeta, ino_t nodo, int documento) {
+  std::vector<std::string> distintas;
+  for (const char numero : NumerosDeCopia) {
+    const std::string nombre = NombreDeCopia(numero, nodo);
+    const Descriptor copia = CopiaAbandonada(carpeta, nombre.c_str());
+    const bool distinta = copia.Abierto() && !MismoContenido(copia.Numero(), documento);
+    if (distinta) distintas.push_back(nombre);
+  }
+  return distintas;
 }

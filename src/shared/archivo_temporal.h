@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <sys/types.h>
+#include <vector>
 
 #include "shared/descriptor.h"
 
@@ -29,15 +30,16 @@ class ArchivoTemporal {
   Resultado Reemplazar(const char* nombre);
   // The same for a name that must be free: EEXIST when it is not.
   Resultado Estrenar(const char* nombre);
-  // From now on the copy from which the file with this inode can be recovered: its name tells, and
-  // only a complete save of that file removes it.
+  // From now on the copy from which the file with this inode can be recovered: it is called
+  // ".velda-copiaN-INODE.tmp", and stays until the file holds the same.
   Resultado HacerCopiaDe(ino_t nodo);
   // Leaves the file where it is.
   void Conservar() { nombre_.clear(); }
 
  private:
   Resultado Preparar(int carpeta, const char* nombre);
-  Resultado EstrenarSinAyuda(const char* nombre);
+  Resultado LlamarSiLibre(const char* nombre);
+  Resultado LlamarSinAyuda(const char* nombre);
 
   int carpeta_ = -1;
   std::string nombre_;
@@ -45,7 +47,9 @@ class ArchivoTemporal {
   Descriptor cerrojo_;  // the same open file: holds the lock when the first is closed
 };
 
-// Removes the left-overs of killed saves in a folder.
+// Removes the left-overs of killed saves in a folder, but no copies.
 void QuitarRestos(int carpeta);
-// Removes the copies of the file with this inode.
-void QuitarCopias(int carpeta, ino_t nodo);
+// Of the copies that saves of the file with this inode have left: removes those whose bytes the
+// file holds itself; names the others. `documento` is that file, open for reading.
+void QuitarCopias(int carpeta, ino_t nodo, int documento);
+std::vector<std::string> CopiasDistintas(int carpeta, ino_t nodo, int documento);

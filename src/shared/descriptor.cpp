@@ -5,6 +5,7 @@
 #include <climits>
 #include <fcntl.h>
 #include <new>
+#include <string>
 #include <sys/uio.h>
 #include <unistd.h>
 #include <utility>
@@ -102,6 +103,20 @@ Resultado ExigirRegular(const struct stat& estado) {
 
 bool MismoNodo(const struct stat& uno, const struct stat& otro) {
   return uno.st_dev == otro.st_dev && uno.st_ino == otro.st_ino;
+}
+
+bool MismoContenido(int uno, int otro) {
+  constexpr std::size_t Bocado = std::size_t{1} << 16;
+  std::string de_uno(Bocado, '\0');
+  std::string de_otro(Bocado, '\0');
+  for (off_t posicion = 0;;) {
+    const ssize_t leidos = ::pread(uno, de_uno.data(), Bocado, posicion);
+    if (leidos < 0 || ::pread(otro, de_otro.data(), Bocado, posicion) != leidos) return false;
+    if (leidos == 0) return true;
+    const auto largo = static_cast<std::size_t>(leidos);
+    if (de_uno.compare(0, largo, de_otro, 0, largo) != 0) return false;
+    posicion += leidos;
+  }
 }
 
 ResultadoCon<std::size_t> LeerEn(int descriptor, char* destino, std::size_t maximo) {

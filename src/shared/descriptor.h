@@ -38,6 +38,9 @@ ResultadoCon<struct stat> Estado(int descriptor);
 Resultado ExigirRegular(const struct stat& estado);
 bool MismoNodo(const struct stat& uno, const struct stat& otro);
 
+// From the first byte to the last; false also when either cannot be read.
+bool MismoContenido(int uno, int otro);
+
 // 0 bytes read means the end.
 ResultadoCon<std::size_t> LeerEn(int descriptor, char* destino, std::size_t maximo);
 // Reads on from where it stands, `maximo` bytes or up to the end.

@@ -189,6 +189,7 @@ Resultado ReemplazarExistente(const char* ruta, const Reemplazo& reemplazo) {
   if (!sigue.Bien()) return sigue;
 
   QuitarRestos(lugar.Carpeta());
+  QuitarCopias(lugar.Carpeta(), estado.Valor().st_ino, documento.Valor().Numero());
   auto temporal = ArchivoTemporal::Crear(lugar.Carpeta(), PermisosPrivados);
   if (!temporal.Bien()) {
     if (!CarpetaCerrada(temporal.Fallo())) return temporal.Fallo();
@@ -198,8 +199,26 @@ Resultado ReemplazarExistente(const char* ruta, const Reemplazo& reemplazo) {
   if (!relleno.Bien()) return relleno;
   const Resultado puesto =
       Poner(lugar, documento.Valor(), estado.Valor(), std::move(temporal.Valor()), reemplazo);
-  if (puesto.Bien()) QuitarCopias(lugar.Carpeta(), estado.Valor().st_ino);
+  if (puesto.Bien()) {
+    QuitarCopias(lugar.Carpeta(), estado.Valor().st_ino, documento.Valor().Numero());
+  }
   return puesto;
+}
+
+std::vector<std::string> CopiasDe(const char* ruta) {
+  const auto real = RutaReal(ruta);
+  if (!real.Bien()) return {};
+  const auto situado = Situar(real.Valor());
+  if (!situado.Bien()) return {};
+  const Lugar& lugar = situado.Valor();
+  const auto documento =
+      Abrir(lugar.Carpeta(), lugar.Nombre(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+  if (!documento.Bien()) return {};
+  const auto estado = Estado(documento.Valor().Numero());
+  if (!estado.Bien()) return {};
+  auto copias = CopiasDistintas(lugar.Carpeta(), estado.Valor().st_ino, documento.Valor().Numero());
+  for (std::string& una : copias) una = CarpetaDe(real.Valor()).append("/").append(una);
+  return copias;
 }
 
 Resultado CrearNuevo(const char* ruta, const Reemplazo& reemplazo) {

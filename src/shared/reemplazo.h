@@ -8,7 +8,9 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "shared/archivo.h"
 
@@ -23,5 +25,8 @@ struct Reemplazo {
 // path as it is. `ruta` is in the system's form. ESTALE: the file was exchanged for another
 // meanwhile; trying again is safe.
 Resultado ReemplazarExistente(const char* ruta, const Reemplazo& reemplazo);
+// The copies beside a file that interrupted saves have left, with their paths: each holds a whole
+// text that the file does not hold.
+std::vector<std::string> CopiasDe(const char* ruta);
 // EEXIST when there is such a file by now. The target of a dangling link is made.
 Resultado CrearNuevo(const char* ruta, const Reemplazo& reemplazo);

@@ -1,4 +1,5 @@
 // The document of the text window: its states, read from the caption; loading, editing, saving.
+#include "text_window/aviso_copias.h"
 #include "text_window/frm_texto.h"
 #include "text_window/panel_guardar.h"
 #include "text_window/titulos.h"
@@ -39,6 +40,7 @@ void FrmTexto::CargarArchivo() {
   EsconderGuardar();
   PonerTitulo(PrefijoTitulo + gral_.ArchivoActual);
   gral_.ArchivoCargado = gral_.ArchivoActual;
+  AvisarDeCopias(escritorio_.mensajes, *this, gral_.ArchivoActual);
   principal_.DarFoco();
 }
 

@@ -123,15 +123,17 @@ class Caso:
             return codigo, lineas.read()
 
     def siguiente(self):
-        """The next save succeeds and leaves nothing behind."""
+        """The next save succeeds and leaves nothing behind, but for a text that is nowhere else."""
         antes = self.leer() or b""
+        guardadas = [resto for resto in self.restos()
+                     if self.copia() and f"-{self.nodo}." in resto and self.leer(resto) != antes]
         orden = [GUARDAR, "--nuevo", self.ruta, self.en_base("nuevo")]
         if self.ajuste:
             orden = [GUARDAR, "--perfil", self.ruta, "B", "z", "9"]
         self.escribir(self.en_base("nuevo"), OTRO)
         fin = subprocess.run(self.prefijo + orden, stderr=subprocess.DEVNULL, check=False)
         querido = antes + INI_OTRO if self.ajuste else OTRO
-        return fin.returncode == 0 and self.leer() == querido and not self.restos()
+        return fin.returncode == 0 and self.leer() == querido and self.restos() == guardadas
 
     def defecto(self, codigo):
         """What is wrong after a save that ended with `codigo`; None when nothing is."""

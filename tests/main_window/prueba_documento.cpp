@@ -125,6 +125,22 @@ TEST_F(Documentos, a_new_text_survives_the_window_as_a_request) {
   EXPECT_EQ(EnCaja(), "");
 }
 
+TEST_F(Documentos, a_copy_that_an_interrupted_save_left_is_told_of_and_never_removed) {
+  const QString a = Archivo("a", "roto");
+  const QString nombre = ".velda-copia%1-" + QString::number(carpeta.Estado("a").st_ino) + ".tmp";
+  const QString entera = Archivo(nombre.arg(2), "entero");
+  Archivo(nombre.arg(1), "roto");  // the file holds the same
+  Abrir(a);
+  EXPECT_EQ(Titulo(), "Archivo: " + a);
+  EXPECT_EQ(escritorio.mensajes.titulos, QStringList("HAY UNA COPIA DEL TEXTO"));
+  EXPECT_TRUE(escritorio.mensajes.textos.value(0).contains("\n" + entera + "\n"));
+  EXPECT_FALSE(escritorio.mensajes.textos.value(0).contains(Ruta(nombre.arg(1))));
+  Escribir("X");
+  Texto()->CmdGuardar_Click();
+  EXPECT_EQ(EnDisco("a"), "Xroto");
+  EXPECT_EQ(carpeta.Nombres(), (QStringList{nombre.arg(2), "a"}));
+}
+
 TEST_F(Documentos, a_listed_file_that_is_gone_is_made_empty) {
   Abrir(Ruta("nuevo.txt"));
   EXPECT_EQ(EnDisco("nuevo.txt"), "");
