@@ -1,7 +1,11 @@
 #include "platform/papelera.h"
 
+#include <algorithm>
+#include <climits>
 #include <memory>
+#include <string>
 #include <type_traits>
+#include <unistd.h>
 
 #include <QFile>
 #include <QLibrary>
@@ -56,6 +60,18 @@ bool PuedeEliminarse(const Gio& gio, GFile* archivo) {
          gio.file_info_get_attribute_boolean(datos.get(), G_FILE_ATTRIBUTE_ACCESS_CAN_DELETE) != 0;
 }
 
+// Is there room for the name of its description in the bin, which lies on the same disk? It is the
+// file's with a number where the bin holds one of that name, and with an end; and it is written
+// under a longer one first. When that fails the file is sent all the same, and cannot be restored.
+bool CabeEnPapelera(const QString& ruta) {
+  constexpr qsizetype MasLargo = std::char_traits<char>::length(".9999.trashinfo.XXXXXX");
+  const QByteArray en_sistema = QFile::encodeName(ruta);
+  const qsizetype barra = en_sistema.lastIndexOf('/') + 1;
+  const long maximo = ::pathconf(en_sistema.left(barra).constData(), _PC_NAME_MAX);
+  // Where names may have more bytes their length is counted in letters.
+  return en_sistema.size() - barra + MasLargo <= std::clamp<long>(maximo, 0, NAME_MAX);
+}
+
 }  // namespace
 
 Envio PapeleraReal::Enviar(const QString& ruta) {
@@ -64,7 +80,7 @@ Envio PapeleraReal::Enviar(const QString& ruta) {
     return Envio::Fallo;
   }
   const Objeto<GFile> archivo = ArchivoEn(gio, ruta);
-  if (gio.file_trash(archivo.get(), nullptr, nullptr) != 0) {
+  if (CabeEnPapelera(ruta) && gio.file_trash(archivo.get(), nullptr, nullptr) != 0) {
     return Envio::Enviada;
   }
   return PuedeEliminarse(gio, archivo.get()) ? Envio::SinPapelera : Envio::Fallo;

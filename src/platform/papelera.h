@@ -5,7 +5,7 @@
 
 enum class Envio {
   Enviada,
-  SinPapelera,  // the file is there and could be erased, but no bin takes it
+  SinPapelera,  // the file is there and could be erased, but no bin takes it and can restore it
   Fallo,        // it has vanished, or its folder lets nothing be removed
 };
 

@@ -44,6 +44,20 @@ TEST_F(Papeleras, two_files_of_one_name_keep_both_contents) {
   EXPECT_EQ(EnPapelera("files/igual.2.txt"), "contenido");
 }
 
+TEST_F(Papeleras, a_name_too_long_to_be_described_there_is_not_sent) {
+  for (const int largo : {233, 234, 238, 239, 245, 246, 255}) {
+    const QString nombre = QString(largo - 4, u'x') + ".txt";
+    for (const bool otra_vez : {false, true}) {
+      const Envio envio = papelera.Enviar(Crear(nombre));
+      EXPECT_EQ(envio, largo <= 233 ? Envio::Enviada : Envio::SinPapelera) << largo;
+      EXPECT_EQ(QFile::exists(casa.Ruta(nombre)), envio == Envio::SinPapelera) << largo;
+      const QString info =
+          QString(nombre).replace(".txt", otra_vez ? ".2.txt" : ".txt") + ".trashinfo";
+      EXPECT_EQ(EnPapelera("info/" + info).contains("\nPath="), envio == Envio::Enviada) << largo;
+    }
+  }
+}
+
 TEST_F(Papeleras, a_link_goes_and_what_it_points_to_stays) {
   EXPECT_TRUE(QFile::link(Crear("original"), casa.Ruta("enlace")));
   EXPECT_EQ(papelera.Enviar(casa.Ruta("enlace")), Envio::Enviada);
