@@ -12,9 +12,8 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds Paciencia{1000};  // with a desktop that does not answer
-constexpr std::chrono::milliseconds Calma{150};       // after it has answered
-constexpr std::chrono::milliseconds EsperaSinGestor{50};
+// A desktop that has not done by then what it was asked for is not going to.
+constexpr std::chrono::milliseconds Paciencia{1000};
 
 Ventana* VentanaDe(QObject* objeto) {
   if (auto* widget = qobject_cast<QWidget*>(objeto)) {
@@ -28,20 +27,23 @@ Ventana* VentanaDe(QObject* objeto) {
   return nullptr;
 }
 
-// A press or a key as the desktop hands it to a window, before any control sees it.
+// As the desktop hands it to a window, before any control sees it.
 bool EsPulsacion(QObject* objeto, QEvent* evento) {
   switch (evento->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-    case QEvent::KeyPress:
     case QEvent::TouchBegin:
     case QEvent::TabletPress:
       return objeto->isWindowType();
-    case QEvent::InputMethod:
-      return !static_cast<QInputMethodEvent*>(evento)->commitString().isEmpty();
     default:
       return false;
   }
+}
+
+bool EsTecla(QObject* objeto, QEvent* evento) {
+  return (evento->type() == QEvent::KeyPress && objeto->isWindowType()) ||
+         (evento->type() == QEvent::InputMethod &&
+          !static_cast<QInputMethodEvent*>(evento)->commitString().isEmpty());
 }
 
 // A modal window stands before it: the desktop may activate it all the same.
@@ -70,15 +72,19 @@ Activacion::Manejador::~Manejador() {
 }
 
 Activacion::DialogoAbierto::DialogoAbierto(Activacion& activacion, Ventana& duena)
-    : manejador_(activacion), activacion_(activacion) {
+    : manejador_(activacion), activacion_(activacion), duena_(&duena) {
   activacion_.MapearPendientes();
   duena.raise();
   ++activacion_.dialogos_;
 }
 
+// The desktop gives the keyboard back to the dialog's owner, the program to its active window.
 Activacion::DialogoAbierto::~DialogoAbierto() {
   --activacion_.dialogos_;
-  activacion_.Reclamar();
+  activacion_.pedir_ = true;
+  if (duena_ != nullptr) {
+    activacion_.Prever(*duena_);
+  }
 }
 
 Activacion::BucleModal::BucleModal(Activacion& activacion)
@@ -93,7 +99,10 @@ Activacion::BucleModal::~BucleModal() {
 
 Activacion::Activacion() {
   qApp->installEventFilter(this);
+  connect(&gestor_, &GestorVentanas::TecladoEn, this, &Activacion::DevolverAlModal,
+          Qt::QueuedConnection);
   paciencia_.setSingleShot(true);
+  paciencia_.setInterval(Paciencia);
   connect(&paciencia_, &QTimer::timeout, this, &Activacion::Sosegar);
   connect(qApp, &QGuiApplication::applicationStateChanged, this,
           [this](Qt::ApplicationState estado) {
@@ -105,10 +114,14 @@ Activacion::Activacion() {
 
 Activacion::~Activacion() = default;
 
+Ventana* Activacion::Activa() const {
+  return static_cast<Ventana*>(foco_.Activa());
+}
+
 void Activacion::DarFoco(Ventana& ventana) {
   const Manejador manejador(*this);
   Anotar(tocadas_, ventana);
-  reclamar_ = true;
+  pedir_ = true;
   Mover(ventana);
 }
 
@@ -116,25 +129,46 @@ void Activacion::Mapear(Ventana& ventana) {
   Anotar(por_mapear_, ventana);
 }
 
-void Activacion::Olvidar(Ventana& ventana) {
-  for (auto* lista : {&por_mapear_, &tocadas_, &elevadas_}) {
-    std::erase(*lista, &ventana);
+// Some desktops bring it back when it is mapped, the others when it is activated: both are asked.
+void Activacion::Restaurar(Ventana& ventana) {
+  pedir_ = true;
+  Prever(ventana);
+  if (ventana.windowHandle() != nullptr) {
+    gestor_.Activar(*ventana.windowHandle());
   }
-  for (auto* una : {&activa_, &pedida_, &presionada_}) {
-    if (*una == &ventana) {
-      una->clear();
+}
+
+// The desktop chooses another of the windows for the keyboard, whichever it likes.
+void Activacion::Desaparecer(Ventana& ventana) {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    auto* otra = qobject_cast<Ventana*>(widget);
+    if (otra != nullptr && otra != &ventana && otra->isVisible()) {
+      Prever(*otra);
     }
   }
 }
 
+void Activacion::Olvidar(Ventana& ventana) {
+  for (auto* lista : {&por_mapear_, &tocadas_, &elevadas_}) {
+    std::erase(*lista, &ventana);
+  }
+  foco_.Olvidar(ventana);
+  peticiones_.Olvidar(ventana);
+}
+
 bool Activacion::eventFilter(QObject* objeto, QEvent* evento) {
+  gestor_.AnotarHora(*evento);
   const bool activada = evento->type() == QEvent::WindowActivate;
-  if (!activada && !EsPulsacion(objeto, evento)) {
+  const bool tecla = EsTecla(objeto, evento);
+  if (!activada && !tecla && !EsPulsacion(objeto, evento)) {
     return false;
   }
   Ventana* ventana = VentanaDe(objeto);
   if (ventana == nullptr || dialogos_ > 0 || Bloqueada(*ventana)) {
     return false;
+  }
+  if (tecla) {
+    return PorTecla(*ventana, *evento);
   }
   if (!activada) {
     PorUsuario(*ventana);
@@ -145,39 +179,57 @@ bool Activacion::eventFilter(QObject* objeto, QEvent* evento) {
 }
 
 void Activacion::PorUsuario(Ventana& ventana) {
+  const Manejador manejador(*this);
+  pedir_ = true;  // a press need not bring the keyboard along, and an older request may take it
   if (!ventana.isActiveWindow()) {
-    presionada_ = &ventana;
-    pedida_ = nullptr;  // what was asked for before is out of date
-    paciencia_.start(Paciencia);
-    // Without a window manager nobody else gives the pressed window the keyboard.
-    QTimer::singleShot(EsperaSinGestor, &ventana, [this, &ventana] {
-      if (activa_ == &ventana && !ventana.isActiveWindow() && !HayDialogo()) {
-        ventana.activateWindow();
-      }
-    });
+    Prever(ventana);
   }
   Mover(ventana);
 }
 
-// While the desktop has not caught up with the last request or press, its events are old news;
-// and for a moment afterwards, since an older request may still be under way.
-void Activacion::PorEscritorio(Ventana& ventana) {
-  const bool esperada = pedida_ != nullptr || presionada_ != nullptr;
-  if (pedida_ == &ventana || presionada_ == &ventana) {
-    concedida_ = true;
-    presionada_ = nullptr;
-    pedida_ = &ventana;
-    paciencia_.start(Calma);
+// Typed while the keyboard is still on its way: for the window that it is on the way to.
+bool Activacion::PorTecla(Ventana& ventana, QEvent& evento) {
+  Ventana* activa = Activa();
+  if (activa == nullptr || activa == &ventana || peticiones_.Vacias()) {
+    PorUsuario(ventana);
+    return false;
   }
-  if (!esperada) {
-    Mover(ventana);
+  QObject* destino = activa->windowHandle();
+  if (evento.type() == QEvent::InputMethod) {
+    destino = activa->focusWidget();
+  }
+  if (destino != nullptr) {
+    QCoreApplication::sendEvent(destino, &evento);
+  }
+  return true;
+}
+
+void Activacion::PorEscritorio(Ventana& ventana) {
+  switch (peticiones_.Activada(ventana, foco_.Activa())) {
+    case PeticionesFoco::Respuesta::Repetir:
+      PedirFoco();
+      break;
+    case PeticionesFoco::Respuesta::DelUsuario:
+      Mover(ventana);
+      break;
+    case PeticionesFoco::Respuesta::Conforme:
+    case PeticionesFoco::Respuesta::Esperar:
+      break;
+  }
+}
+
+// Some desktops let a window take the keyboard that a modal one stands before.
+void Activacion::DevolverAlModal(WId ventana) {
+  const QWidget* modal = QApplication::activeModalWidget();
+  if (modal != nullptr && modal->windowHandle() != nullptr && modal->internalWinId() != ventana &&
+      qobject_cast<Ventana*>(QWidget::find(ventana)) != nullptr) {
+    gestor_.Activar(*modal->windowHandle(), GestorVentanas::Quien::Usuario);
   }
 }
 
 // Nothing is under way any more: where the keyboard really is counts.
 void Activacion::Sosegar() {
-  pedida_ = nullptr;
-  presionada_ = nullptr;
+  peticiones_.Vaciar();
   auto* real = qobject_cast<Ventana*>(QApplication::activeWindow());
   if (real != nullptr && dialogos_ == 0 && !Bloqueada(*real)) {
     Mover(*real);
@@ -185,27 +237,23 @@ void Activacion::Sosegar() {
 }
 
 void Activacion::Mover(Ventana& ventana) {
-  if (activa_ == &ventana) {
-    return;
-  }
   const Manejador manejador(*this);
-  const QPointer<Ventana> anterior = std::exchange(activa_, &ventana);
-  if (anterior != nullptr) {
-    anterior->Form_Deactivate();
-  }
-  if (activa_ == &ventana) {
-    ventana.Form_Activate();
-  }
+  foco_.Mover(ventana);
+}
+
+void Activacion::Prever(Ventana& ventana) {
+  peticiones_.Prever(ventana);
+  paciencia_.start();
 }
 
 void Activacion::MapearPendientes() {
   // The active window comes last, so that the desktop's own choice agrees with the program's.
   std::stable_partition(por_mapear_.begin(), por_mapear_.end(),
-                        [this](const auto& ventana) { return ventana != activa_; });
+                        [this](const auto& ventana) { return ventana != Activa(); });
   for (const auto& ventana : std::exchange(por_mapear_, {})) {
     if (ventana != nullptr) {
-      ventana->setAttribute(Qt::WA_ShowWithoutActivating, ventana != activa_);
-      ventana->show();
+      ventana->Aparecer(ventana == Activa());
+      Prever(*ventana);
       Anotar(elevadas_, *ventana);
     }
   }
@@ -213,7 +261,7 @@ void Activacion::MapearPendientes() {
 
 void Activacion::Asentar() {
   MapearPendientes();
-  if (std::exchange(reclamar_, false) && dialogos_ == 0) {
+  if (std::exchange(pedir_, false) && dialogos_ == 0) {
     ElevarTocadas();
     PedirFoco();
   }
@@ -225,7 +273,7 @@ void Activacion::Asentar() {
 void Activacion::ElevarTocadas() {
   for (const auto& ventana : tocadas_) {
     const bool arriba = std::find(elevadas_.begin(), elevadas_.end(), ventana) != elevadas_.end();
-    if (ventana != nullptr && ventana != activa_ && !arriba && ventana->isVisible() &&
+    if (ventana != nullptr && ventana != Activa() && !arriba && ventana->isVisible() &&
         !ventana->isMinimized()) {
       ventana->raise();
       Anotar(elevadas_, *ventana);
@@ -234,17 +282,18 @@ void Activacion::ElevarTocadas() {
 }
 
 void Activacion::PedirFoco() {
-  if (activa_ == nullptr || !activa_->isVisible() || activa_->isMinimized()) {
+  Ventana* activa = Activa();
+  if (activa == nullptr || !activa->isVisible() || activa->isMinimized()) {
     return;
   }
-  const bool en_orden = pedida_ == nullptr || (pedida_ == activa_ && concedida_);
-  if (activa_->isActiveWindow() && presionada_ == nullptr && en_orden) {
+  if (activa->isActiveWindow() && peticiones_.Vacias()) {
     return;
   }
-  activa_->raise();
-  Anotar(elevadas_, *activa_);
-  pedida_ = activa_;
-  concedida_ = false;
-  paciencia_.start(Paciencia);
-  activa_->activateWindow();
+  activa->raise();
+  Anotar(elevadas_, *activa);
+  peticiones_.Pedir(*activa);
+  paciencia_.start();
+  if (!gestor_.Activar(*activa->windowHandle())) {
+    activa->activateWindow();
+  }
 }

@@ -8,6 +8,9 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "platform/foco_propio.h"
+#include "platform/gestor_ventanas.h"
+
 class Ventana;
 
 class Activacion : public QObject {
@@ -38,6 +41,7 @@ class Activacion : public QObject {
    private:
     Manejador manejador_;
     Activacion& activacion_;
+    QPointer<Ventana> duena_;
   };
 
   // While one of these lives a handler waits in the event loop of a modal window: what it asked for
@@ -57,16 +61,17 @@ class Activacion : public QObject {
   Activacion();
   ~Activacion() override;
 
-  Ventana* Activa() const { return activa_; }
+  Ventana* Activa() const;
   bool HayDialogo() const { return dialogos_ > 0; }
+  const GestorVentanas& Gestor() const { return gestor_; }
 
   // Moved by the program. Giving the focus to the window that is active already runs nothing.
   void DarFoco(Ventana& ventana);
-  // The desktop may have moved the focus behind a change of window state: ask for it again.
-  void Reclamar() { reclamar_ = true; }
   // A window that is to be mapped when the outermost handler ends.
   void Mapear(Ventana& ventana);
-  void Olvidar(Ventana& ventana);  // closed: it is nobody's active window any more
+  void Restaurar(Ventana& ventana);    // brought back by the program from minimised
+  void Desaparecer(Ventana& ventana);  // about to be hidden or closed
+  void Olvidar(Ventana& ventana);      // closed: it is nobody's active window any more
 
  protected:
   bool eventFilter(QObject* objeto, QEvent* evento) override;
@@ -74,22 +79,24 @@ class Activacion : public QObject {
  private:
   void PorUsuario(Ventana& ventana);
   void PorEscritorio(Ventana& ventana);
+  bool PorTecla(Ventana& ventana, QEvent& evento);
   void Mover(Ventana& ventana);
   void MapearPendientes();
   void Asentar();
   void ElevarTocadas();
   void PedirFoco();
+  void Prever(Ventana& ventana);
+  void DevolverAlModal(WId ventana);
   void Sosegar();
 
-  QPointer<Ventana> activa_;
-  QPointer<Ventana> pedida_;      // asked of the desktop, or granted a moment ago
-  QPointer<Ventana> presionada_;  // pressed while the desktop had not yet activated it
+  GestorVentanas gestor_;
+  FocoPropio foco_;            // where the focus is, as the program sees it
+  PeticionesFoco peticiones_;  // what the desktop has still to do about it
+  QTimer paciencia_;           // then it has refused
   std::vector<QPointer<Ventana>> por_mapear_;
   std::vector<QPointer<Ventana>> tocadas_;   // given the focus during this handler
   std::vector<QPointer<Ventana>> elevadas_;  // raised since the user came to the program
-  bool concedida_ = false;
-  QTimer paciencia_;  // gives up on a request that nobody answers
+  bool pedir_ = false;                       // the program moved the focus during this handler
   int profundidad_ = 0;
   int dialogos_ = 0;
-  bool reclamar_ = false;
 };

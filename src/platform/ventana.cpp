@@ -1,5 +1,8 @@
 #include "platform/ventana.h"
 
+#include <array>
+#include <utility>
+
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QWindow>
@@ -12,10 +15,11 @@ namespace {
 constexpr int MargenAncho = 90;
 constexpr int MargenAlto = 400;
 
-// The frame of the last window that the desktop has decorated in this run.
-QSize& MarcoConocido() {
-  static QSize marco(APixeles(MargenAncho), APixeles(MargenAlto));
-  return marco;
+// What a frame of this kind takes, as the desktop has last shown it in this run.
+QMargins& MarcoConocido(Ventana::Marco marco) {
+  static const QMargins supuesto(0, APixeles(MargenAlto), APixeles(MargenAncho), 0);
+  static std::array conocidos{supuesto, supuesto, supuesto};
+  return conocidos[static_cast<std::size_t>(marco)];
 }
 
 Qt::WindowFlags Banderas(Ventana::Marco marco) {
@@ -32,9 +36,16 @@ Qt::WindowFlags Banderas(Ventana::Marco marco) {
   return Qt::Window;
 }
 
-QSize MargenesDe(const QWindow& ventana) {
-  const QMargins marco = ventana.frameMargins();
-  return {marco.left() + marco.right(), marco.top() + marco.bottom()};
+Qt::WindowState EnToolkit(EstadoVentana estado) {
+  switch (estado) {
+    case EstadoVentana::Minimizada:
+      return Qt::WindowMinimized;
+    case EstadoVentana::Maximizada:
+      return Qt::WindowMaximized;
+    case EstadoVentana::Normal:
+      break;
+  }
+  return Qt::WindowNoState;
 }
 
 // The twips that were set, while the pixels are still theirs; else the pixels' own.
@@ -45,9 +56,18 @@ int TwipsDe(int pedido, int pixeles) {
 }  // namespace
 
 Ventana::Ventana(Activacion& activacion, Marco marco)
-    : QWidget(nullptr, Banderas(marco)), activacion_(activacion) {
+    : QWidget(nullptr, Banderas(marco)), activacion_(activacion), marco_(marco) {
   setAttribute(Qt::WA_QuitOnClose, false);
   HacerAccesibles();
+  // Later, when the toolkit has heard it, too.
+  connect(
+      &activacion_.Gestor(), &GestorVentanas::MarcoCambiado, this,
+      [this](WId ventana) {
+        if (internalWinId() == ventana) {
+          VerMarco();
+        }
+      },
+      Qt::QueuedConnection);
 }
 
 Ventana::~Ventana() {
@@ -56,16 +76,16 @@ Ventana::~Ventana() {
 
 void Ventana::Mostrar() {
   const Activacion::Manejador manejador(activacion_);
-  Aparecer();
+  Cargar();
   activacion_.DarFoco(*this);
 }
 
 void Ventana::MostrarSinActivar() {
   const Activacion::Manejador manejador(activacion_);
-  Aparecer();
+  Cargar();
 }
 
-void Ventana::Aparecer() {
+void Ventana::Cargar() {
   if (!cargada_) {
     cargada_ = true;
     Form_Load();
@@ -75,6 +95,13 @@ void Ventana::Aparecer() {
     activacion_.Mapear(*this);
     Form_Resize();
   }
+}
+
+void Ventana::Aparecer(bool con_foco) {
+  setAttribute(Qt::WA_ShowWithoutActivating, !con_foco);
+  llegada_ = false;
+  setWindowState(EnToolkit(por_mostrar_));
+  show();
 }
 
 // Only a dialog in the toolkit's sense is kept in front of its owner by the window manager.
@@ -107,6 +134,7 @@ void Ventana::Ocultar() {
   }
   const Activacion::Manejador manejador(activacion_);
   visible_ = false;
+  activacion_.Desaparecer(*this);
   hide();
   emit Oculta();
 }
@@ -119,12 +147,17 @@ void Ventana::Cerrar() {
   cargada_ = false;
   Form_Unload();
   visible_ = false;
+  activacion_.Desaparecer(*this);
   activacion_.Olvidar(*this);
   hide();
+  por_mostrar_ = EstadoVentana::Normal;
   emit Cerrada();
 }
 
 EstadoVentana Ventana::Estado() const {
+  if (!isVisible()) {
+    return por_mostrar_;
+  }
   if (isMinimized()) {
     return EstadoVentana::Minimizada;
   }
@@ -132,68 +165,87 @@ EstadoVentana Ventana::Estado() const {
 }
 
 void Ventana::PonerEstado(EstadoVentana estado) {
-  if (estado == Estado()) {
-    return;
+  const EstadoVentana antes = Estado();
+  if (!isVisible()) {
+    por_mostrar_ = estado;
+  } else if (estado != antes) {
+    const Activacion::Manejador manejador(activacion_);
+    setWindowState(EnToolkit(estado));
+    if (antes == EstadoVentana::Minimizada) {
+      activacion_.Restaurar(*this);
+    }
   }
-  const Activacion::Manejador manejador(activacion_);
-  switch (estado) {
-    case EstadoVentana::Normal:
-      setWindowState(Qt::WindowNoState);
-      break;
-    case EstadoVentana::Minimizada:
-      setWindowState(Qt::WindowMinimized);
-      break;
-    case EstadoVentana::Maximizada:
-      setWindowState(Qt::WindowMaximized);
-      break;
-  }
-  activacion_.Reclamar();
 }
 
 RectTwips Ventana::Rectangulo() const {
-  if (ajustar_al_marco_) {  // never seen in its frame: still what was asked for
+  if (visto_.isNull()) {  // never seen in its frame: still what was asked for
     return pedido_;
   }
-  const QRect normal = RectanguloNormal();
-  return {TwipsDe(pedido_.izquierda, normal.x()), TwipsDe(pedido_.arriba, normal.y()),
-          TwipsDe(pedido_.ancho, normal.width()), TwipsDe(pedido_.alto, normal.height())};
-}
-
-// The frame's rectangle in pixels.
-QRect Ventana::RectanguloNormal() const {
-  const bool normal = Estado() == EstadoVentana::Normal;
-  const QSize marco = windowHandle() != nullptr ? MargenesDe(*windowHandle()) : MarcoConocido();
-  return {normal ? pos() : normalGeometry().topLeft(),
-          (normal ? size() : normalGeometry().size()) + marco};
+  const QRect visto = Estado() == EstadoVentana::Normal ? VistoAhora() : visto_;
+  return {TwipsDe(pedido_.izquierda, visto.x()), TwipsDe(pedido_.arriba, visto.y()),
+          TwipsDe(pedido_.ancho, visto.width()), TwipsDe(pedido_.alto, visto.height())};
 }
 
 void Ventana::PonerRectangulo(const RectTwips& rectangulo) {
   pedido_ = rectangulo;
-  ajustar_al_marco_ = !isVisible() || Estado() != EstadoVentana::Normal;
-  resize(TamanoInterior());
-  move(APixeles(pedido_.izquierda), APixeles(pedido_.arriba));
+  resize(Exterior().shrunkBy(MarcoConocido(marco_)));
+  PonerPosicion(rectangulo.izquierda, rectangulo.arriba);
 }
 
 void Ventana::PonerPosicion(int izquierda, int arriba) {
   pedido_.izquierda = izquierda;
   pedido_.arriba = arriba;
-  move(APixeles(izquierda), APixeles(arriba));
+  por_ajustar_ = true;
+  visto_ = {};
+  move(Lugar());
+  VerMarco();
 }
 
-QSize Ventana::TamanoInterior() const {
-  const QSize marco =
-      isVisible() && windowHandle() != nullptr ? MargenesDe(*windowHandle()) : MarcoConocido();
+QPoint Ventana::Lugar() const {
+  return {APixeles(pedido_.izquierda), APixeles(pedido_.arriba)};
+}
+
+// Never smaller than a frame with a pixel inside.
+QSize Ventana::Exterior() const {
   const QSize exterior(APixeles(pedido_.ancho), APixeles(pedido_.alto));
-  return (exterior - marco).expandedTo(QSize(1, 1));
+  return exterior.expandedTo(QSize(1, 1).grownBy(MarcoConocido(marco_)));
 }
 
-// The desktop has drawn its frame: what was a guess until now is made exact, once.
-void Ventana::AjustarAlMarco() {
-  MarcoConocido() = MargenesDe(*windowHandle());
-  if (ajustar_al_marco_ && Estado() == EstadoVentana::Normal) {
-    ajustar_al_marco_ = false;
-    resize(TamanoInterior());
+// What the program asks for is the outer place and size: they are made exact once, when the window
+// is first seen in its frame and in the normal state; one that came in another state, when it has
+// been seen in that one first.
+void Ventana::VerMarco() {
+  const QWindow* nativa = windowHandle();
+  if (!isVisible() || nativa == nullptr || !nativa->isExposed()) {
+    return;
   }
+  const EstadoVentana estado = Estado();
+  llegada_ = llegada_ || estado == por_mostrar_;
+  if (estado != EstadoVentana::Normal || !llegada_ || !activacion_.Gestor().MarcoDicho(*nativa)) {
+    return;
+  }
+  if (std::exchange(por_ajustar_, false)) {
+    AjustarAlMarco();
+  }
+  visto_ = VistoAhora();
+}
+
+// In one request, and for the inside: what the toolkit takes for the outer place is not yet true.
+void Ventana::AjustarAlMarco() {
+  QMargins& marco = MarcoConocido(marco_);
+  if (por_mostrar_ == EstadoVentana::Normal) {  // else it may still be that of the state just left
+    marco = windowHandle()->frameMargins();
+  }
+  if (pedido_.ancho > 0) {
+    setGeometry(QRect(Lugar(), Exterior()).marginsRemoved(marco));
+  }
+}
+
+// The frame's rectangle in pixels, as it is now: the place is the desktop's word, where it has one.
+QRect Ventana::VistoAhora() const {
+  const QWindow& nativa = *windowHandle();
+  const QPoint interior = activacion_.Gestor().Lugar(nativa).value_or(nativa.position());
+  return QRect(interior, size()).marginsAdded(nativa.frameMargins());
 }
 
 // The toolkit reads "[*]" in a title as a place for its own mark: doubled, it shows itself.
@@ -216,8 +268,8 @@ bool Ventana::event(QEvent* evento) {
 }
 
 bool Ventana::eventFilter(QObject* objeto, QEvent* evento) {
-  if (objeto == windowHandle() && evento->type() == QEvent::Expose && windowHandle()->isExposed()) {
-    AjustarAlMarco();
+  if (objeto == windowHandle() && evento->type() == QEvent::Expose) {
+    VerMarco();
   }
   return QWidget::eventFilter(objeto, evento);
 }
@@ -227,7 +279,13 @@ void Ventana::changeEvent(QEvent* evento) {
   if (evento->type() == QEvent::WindowStateChange && visible_) {
     const Activacion::Manejador manejador(activacion_);
     Form_Resize();
+    VerMarco();
   }
+}
+
+void Ventana::moveEvent(QMoveEvent* evento) {
+  QWidget::moveEvent(evento);
+  VerMarco();
 }
 
 void Ventana::closeEvent(QCloseEvent* evento) {
@@ -241,4 +299,5 @@ void Ventana::resizeEvent(QResizeEvent* evento) {
     const Activacion::Manejador manejador(activacion_);
     Form_Resize();
   }
+  VerMarco();
 }

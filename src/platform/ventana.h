@@ -9,7 +9,7 @@
 
 enum class EstadoVentana { Normal = 0, Minimizada = 1, Maximizada = 2 };
 
-class Ventana : public QWidget {
+class Ventana : public QWidget, public Activable {
   Q_OBJECT
 
  public:
@@ -29,6 +29,7 @@ class Ventana : public QWidget {
   void Cerrar();   // runs Form_Unload
   bool Visible() const { return visible_; }
 
+  // What is set before the window is shown is the state that it comes with.
   EstadoVentana Estado() const;
   void PonerEstado(EstadoVentana estado);
 
@@ -43,11 +44,13 @@ class Ventana : public QWidget {
   void PonerTitulo(const QString& titulo);
   void PonerTituloSiDistinto(const QString& titulo);
 
+  // Form_Activate and Form_Deactivate besides.
   virtual void Form_Load() {}
   virtual void Form_Resize() {}
-  virtual void Form_Activate() {}
-  virtual void Form_Deactivate() {}
   virtual void Form_Unload() {}
+
+  // Mapped, in the state that was set, with the keyboard or without: the last step of a showing.
+  void Aparecer(bool con_foco);
 
  signals:
   void Oculta();
@@ -58,19 +61,26 @@ class Ventana : public QWidget {
   bool event(QEvent* evento) override;
   bool eventFilter(QObject* objeto, QEvent* evento) override;
   void changeEvent(QEvent* evento) override;
+  void moveEvent(QMoveEvent* evento) override;
   void closeEvent(QCloseEvent* evento) override;
   void resizeEvent(QResizeEvent* evento) override;
 
  private:
-  void Aparecer();
-  QSize TamanoInterior() const;
-  QRect RectanguloNormal() const;
+  void Cargar();
+  QPoint Lugar() const;
+  QSize Exterior() const;
+  QRect VistoAhora() const;
+  void VerMarco();
   void AjustarAlMarco();
 
   Activacion& activacion_;
+  Marco marco_;
   QString titulo_;
-  RectTwips pedido_;               // as last set; ancho 0: the size is not the program's to set
-  bool ajustar_al_marco_ = false;  // the frame was not known when the size was set
+  EstadoVentana por_mostrar_ = EstadoVentana::Normal;  // the state to come with
+  RectTwips pedido_;          // as last set; ancho 0: the size is not the program's to set
+  QRect visto_;               // the frame in pixels, as last seen in the normal state
+  bool por_ajustar_ = false;  // set, and not yet seen in its frame
+  bool llegada_ = false;      // seen in the state that it came with
   bool cargada_ = false;
   bool visible_ = false;
 };

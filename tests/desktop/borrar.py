@@ -24,7 +24,7 @@ def esperar_cerrada(e, titulo):
 def solo_ella_responde(e, ventana, ruta):
     e.pulsar(e.principal, 60, 200)
     e.teclas("Return", "Escape", "Delete")
-    for otra in (e.principal, e.texto()) if e.con_gestor else ():
+    for otra in (e.principal, e.texto()) if e.gestor else ():
         e.cerrar_ventana(otra)
         e.orden("xdotool", "windowraise", otra)
     e.pulsar(ventana, *AYUDA)
@@ -42,7 +42,7 @@ def recorrido(e):
 
     ventana = borrar(e)
     solo_ella_responde(e, ventana, a)
-    if e.con_gestor:
+    if e.gestor:
         orden = e.orden("xprop", "-root", "_NET_CLIENT_LIST_STACKING").split("#")[1]
         abajo_arriba = [str(int(n, 16)) for n in orden.split(",")]
         assert e.encima(e.principal) and not e.encima(ventana)
@@ -71,7 +71,7 @@ def recorrido(e):
             e.teclas(teclas)
             e.esperar_texto("?")
             assert suelto.exists() == queda
-    if e.con_gestor:
+    if e.gestor:
         e.cerrar()
 
 

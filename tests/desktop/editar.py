@@ -25,7 +25,7 @@ def recorrido(e):
     esperar("the save panel gone", lambda: not e.panel_visible())
     assert archivo.read_bytes() == ANTES + b"tres"
 
-    if e.con_gestor:
+    if e.gestor:
         e.cerrar()
         e.iniciar()
         e.abrir(archivo)

@@ -24,6 +24,13 @@ LISTA = (18, 145)  # the list's corner in the main window, pixels
 ALTO_ENTRADA = 13  # roughly; only the first entries are clicked
 GUARDAR, CANCELAR = 87, 46  # the save panel's buttons, pixels from the right edge
 TITULO_ABRIR, TITULO_GUARDAR = "Abrir archivos...", "Guardar archivo..."
+# The window managers that the journeys know, and how each is started.
+GESTORES = {
+    "openbox": ("openbox",), "xfwm4": ("xfwm4", "--compositor=off"),
+    "mutter": ("mutter", "--x11", "--sm-disable"), "kwin": ("kwin_x11",),
+    "metacity": ("metacity", "--no-composite"), "icewm": ("icewm",), "fluxbox": ("fluxbox",),
+    "jwm": ("jwm",), "i3": ("i3", "-c", "CASA/i3"),
+}
 
 
 def esperar(que, condicion, plazo=PLAZO):
@@ -52,9 +59,10 @@ def esperar_valor(que, leer, esperado, plazo=PLAZO):
 
 
 class Escritorio:
-    def __init__(self, binarios, con_gestor=True, usuario=None):
-        """With `usuario`, a user's number, all but the journey runs without root's rights."""
-        self.con_gestor = con_gestor
+    def __init__(self, binarios, gestor="openbox", usuario=None):
+        """`gestor` is one of GESTORES, None for a screen without one. With `usuario`, a user's
+        number, all but the journey runs without root's rights."""
+        self.gestor = gestor
         self.como = [] if usuario is None else [
             "setpriv", f"--reuid={usuario}", f"--regid={usuario}", "--clear-groups"]
         self.procesos = []
@@ -102,9 +110,21 @@ class Escritorio:
         self._arrancar("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
         esperar("the screen reader's bus", lambda: "unix:" in self.orden(
             "xprop", "-root", "AT_SPI_BUS"))
-        if self.con_gestor:
-            self._arrancar("openbox")
-            esperar("the window manager", lambda: "Openbox" in self.orden("wmctrl", "-m"))
+        if self.gestor:
+            self._gestionar(*GESTORES[self.gestor])
+
+    def _gestionar(self, *orden):
+        """Starts the window manager and waits until it manages windows, not only says its name."""
+        archivo = self.raiz / "casa" / ".jwmrc"
+        archivo.write_text('<?xml version="1.0"?><JWM><FocusModel>click</FocusModel></JWM>\n')
+        (self.raiz / "casa" / "i3").write_text(
+            '# i3 config file (v4)\nfont fixed\nfocus_follows_mouse no\n'
+            'for_window [class="velda"] floating enable\n')
+        self._arrancar(*(parte.replace("CASA", os.environ["HOME"]) for parte in orden))
+        esperar("the window manager", lambda: self.orden("wmctrl", "-m"))
+        lista = "_NET_WORKAREA" if self.gestor == "xfwm4" else "_NET_CLIENT_LIST"  # it has none yet
+        esperar("its list of windows", lambda: "not found" not in self.orden(
+            "xprop", "-root", lista))
 
     def _arrancar(self, *orden, salida=subprocess.DEVNULL):
         proceso = subprocess.Popen([*self.como, *orden], stdin=subprocess.DEVNULL, stdout=salida,
@@ -203,6 +223,30 @@ class Escritorio:
     def propiedad(self, ventana, nombre):
         return self.orden("xprop", "-id", ventana, nombre)
 
+    @property
+    def minimiza(self):
+        """Can this desktop minimise and maximise a window?"""
+        return self.gestor not in (None, "i3")
+
+    def minimizar(self, ventana):
+        self.orden("xdotool", "windowminimize", ventana)
+        esperar("the window minimised", lambda: self.minimizada(ventana))
+
+    def traer(self, ventana):
+        """As a task bar does."""
+        self.orden("wmctrl", "-i", "-a", ventana)
+        esperar("the window restored", lambda: not self.minimizada(ventana))
+        self.esperar_foco(ventana)
+
+    def maximizar(self, ventana, si):
+        self.orden("wmctrl", "-i", "-r", ventana, "-b",
+                   f"{'add' if si else 'remove'},maximized_vert,maximized_horz")
+        self.esperar_maximizada(ventana, si)
+
+    def esperar_maximizada(self, ventana, si):
+        esperar_valor("the window maximised", lambda: "MAXIMIZED_VERT" in self.propiedad(
+            ventana, "_NET_WM_STATE"), si)
+
     def minimizada(self, ventana):
         return "Iconic" in self.propiedad(ventana, "WM_STATE")
 
@@ -212,6 +256,20 @@ class Escritorio:
 
     def cerrar_ventana(self, ventana):
         self.orden("wmctrl", "-i", "-c", ventana)
+
+    def cerrar_por_marco(self, ventana):
+        """With the button at the right end of its title, where a frame has one."""
+        if "=" not in self.propiedad(ventana, "_NET_FRAME_EXTENTS"):
+            self.cerrar_ventana(ventana)
+            return
+        x, y, ancho, _ = self.rectangulo_exterior(ventana)
+        alto = self.rectangulo(ventana)[1] - y
+        self.orden("xdotool", "mousemove", str(x + ancho - alto // 2 - 2), str(y + alto // 2 + 1),
+                   "click", "1")
+        try:
+            esperar("its end", lambda: ventana != self.texto(), plazo=1)
+        except AssertionError:
+            self.cerrar_ventana(ventana)
 
     def rectangulo(self, ventana):
         """x, y, width, height of the inside, pixels on the screen."""
@@ -225,8 +283,8 @@ class Escritorio:
     def rectangulo_exterior(self, ventana):
         """The same with the frame that the window manager draws."""
         x, y, ancho, alto = self.rectangulo(ventana)
-        margenes = self.propiedad(ventana, "_NET_FRAME_EXTENTS").partition("=")[2].split(",")
-        izquierda, derecha, arriba, abajo = (int(m) for m in margenes)
+        margenes = self.propiedad(ventana, "_NET_FRAME_EXTENTS").partition("=")[2] or "0,0,0,0"
+        izquierda, derecha, arriba, abajo = (int(m) for m in margenes.split(","))
         return x - izquierda, y - arriba, ancho + izquierda + derecha, alto + arriba + abajo
 
     # --- mouse and keys
@@ -236,6 +294,7 @@ class Escritorio:
                    "click", "1")
 
     def pulsar_icono(self, nombre):
+        self.pulsar(self.principal, 5, 325)  # elsewhere, so that no double click comes of it
         izquierda, arriba, ancho, alto = ICONOS[nombre]
         self.pulsar(self.principal, (izquierda + ancho / 2) / 15, (arriba + alto / 2) / 15)
 
@@ -314,10 +373,15 @@ class Escritorio:
         return [nombre for papel, nombre, _ in self.accesibles() if papel == "list item"]
 
 
+def gestor_de(nombre="openbox"):
+    """A window manager by its name on a command line; "ninguno" is none."""
+    return None if nombre == "ninguno" else nombre
+
+
 def recorrer(recorrido, usuario=None):
-    """The body of a journey's script: SCRIPT BINARIES FOLDER_FOR_PICTURES [--sin-gestor]."""
-    binarios, capturas, *opciones = sys.argv[1:]
-    with Escritorio(binarios, "--sin-gestor" not in opciones, usuario) as escritorio:
+    """The body of a journey's script: SCRIPT BINARIES FOLDER_FOR_PICTURES [MANAGER]."""
+    binarios, capturas, *gestor = sys.argv[1:]
+    with Escritorio(binarios, gestor_de(*gestor), usuario) as escritorio:
         try:
             recorrido(escritorio)
         except BaseException:

@@ -18,7 +18,6 @@ def recorrido(e):
         muestra(indice)
     for icono, indice in (("Siguiente", 2), ("Anterior", 1), ("Anterior", 0), ("Anterior", 0),
                           ("Siguiente", 1)):
-        e.pulsar(e.principal, 5, 325)  # elsewhere, so that no double click comes of it
         e.pulsar_icono(icono)
         muestra(indice)
     e.pulsar_entrada(2)

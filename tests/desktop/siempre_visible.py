@@ -10,7 +10,6 @@ def recorrido(e):
         esperar_valor("kept above at the start", esta_encima, encima)
         sitio = e.rectangulo(e.principal)
         for _ in range(3):
-            e.pulsar(e.principal, 5, 325)  # elsewhere, so that no double click comes of it
             e.pulsar_icono("S.Visible")
             encima = not encima
             esperar_valor("kept above", esta_encima, encima)
