@@ -44,13 +44,20 @@ void Encuadre::Reemplazado(const Cambio& cambio, bool seguir) {
   } else {
     reparto_.reset();
   }
+  SeguirLectura(cambio);
+  encajado_ = false;
+}
+
+// What changes in sight does not move what is above it.
+void Encuadre::SeguirLectura(const Cambio& cambio) {
   const Posicion fin_quitado = cambio.pos + cambio.quitados;
-  if (lectura_ >= fin_quitado) {
+  if (encajado_ && cambio.pos >= arriba_) {
+    if (cambio.pos <= lectura_) lectura_ = arriba_;
+  } else if (lectura_ > cambio.pos && lectura_ >= fin_quitado) {
     lectura_ += cambio.puestos - cambio.quitados;
   } else {
     lectura_ = std::min(lectura_, cambio.pos);
   }
-  encajado_ = false;
 }
 
 void Encuadre::Recargado() {

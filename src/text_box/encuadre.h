@@ -66,6 +66,7 @@ class Encuadre {
  private:
   Punto AnchoUtil() const;
   void Encajar() const;
+  void SeguirLectura(const Cambio& cambio);
 
   const Documento& documento_;
   const bool ajustado_;

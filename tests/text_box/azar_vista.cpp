@@ -24,6 +24,7 @@ AzarVista::AzarVista(unsigned semilla)
   QApplication::clipboard()->setText(QStringLiteral("pegado\nen dos"));
   inicial_ = TextoAlAzar(Hasta(3) * 1500);
   banco_.documento.Poner(inicial_);
+  banco_.documento.Observar(this);
 }
 
 std::string AzarVista::TextoAlAzar(int cuantos) {
@@ -39,9 +40,34 @@ std::string AzarVista::TextoAlAzar(int cuantos) {
 }
 
 std::string AzarVista::Paso() {
+  const CajaTexto& caja = banco_.caja;
+  const Posicion cursor = caja.Cursor();
+  const bool seguido = SeVe(cursor) && SeVe(caja.Ancla());
+  cambios_.clear();
   Actuar();
-  Reposar(banco_.caja);
+  Reposar(caja);
+  if (seguido && !CambioALaVista(cursor)) return accion_ + ": what changed is out of sight";
   return Comparar();
+}
+
+bool AzarVista::SeVe(Posicion pos) const {
+  const Encuadre& vista = banco_.caja.Vista();
+  const Posicion arriba = vista.Arriba();
+  const Posicion fila = vista.FilaDe({pos, false});
+  return fila >= arriba && fila <= vista.Andar(arriba, vista.FilasVisibles() - 1);
+}
+
+// A change made at the caret, which was at `cursor`: the caret is in sight, and so is what comes
+// before it up to the place of the change, as far as there is room.
+bool AzarVista::CambioALaVista(Posicion cursor) const {
+  if (cambios_.size() != 1 || banco_.caja.Cursor() != cambios_[0].pos + cambios_[0].puestos)
+    return true;
+  const Cambio& cambio = cambios_[0];
+  if (cursor < cambio.pos || cursor > cambio.pos + cambio.quitados) return true;
+  const Encuadre& vista = banco_.caja.Vista();
+  const Posicion ultima = vista.Andar(vista.Arriba(), vista.FilasVisibles() - 1);
+  const Posicion fila = vista.FilaDe({banco_.caja.Cursor(), false});
+  return SeVe(banco_.caja.Cursor()) && (SeVe(cambio.pos) || fila == ultima);
 }
 
 void AzarVista::Actuar() {
@@ -116,6 +142,7 @@ void AzarVista::CambiarDesdeFuera() {
   const int quitados = Hasta(std::min(60, tamano - desde + 1));
   const std::string nuevos = TextoAlAzar(Hasta(30));
   if (!banco_.documento.Reemplazar(desde, quitados, nuevos, Agrupacion::Sola)) std::abort();
+  cambios_.clear();  // none at the caret
 }
 
 void AzarVista::Componer() {

@@ -1,4 +1,5 @@
-// Random actions on a text box, checked after each against a fresh box in the same state.
+// Random actions on a text box, checked after each against a fresh box in the same state; and what
+// is changed at the caret stays in sight.
 #pragma once
 
 #include <memory>
@@ -10,9 +11,10 @@
 
 #include "text_box/banco_caja.h"
 
-class AzarVista {
+class AzarVista : private Observador {
  public:
   explicit AzarVista(unsigned semilla);
+  ~AzarVista() override { banco_.documento.DejarDeObservar(this); }
 
   // One action; empty, or what is wrong after it.
   std::string Paso();
@@ -28,6 +30,10 @@ class AzarVista {
   void Cambiar();
   void CambiarDesdeFuera();
   void Componer();
+  void Reemplazado(const Cambio& cambio) override { cambios_.push_back(cambio); }
+  void Recargado() override {}
+  bool SeVe(Posicion pos) const;
+  bool CambioALaVista(Posicion cursor) const;
   void Reposar(const CajaTexto& caja);
   std::string Comparar();
   std::unique_ptr<CajaTexto> Gemela(Documento& documento);
@@ -36,4 +42,5 @@ class AzarVista {
   BancoCaja banco_;
   std::string inicial_;
   std::string accion_;
+  std::vector<Cambio> cambios_;  // of this step
 };

@@ -140,6 +140,13 @@ TEST(CajaTeclas, a_page_moves_caret_and_view_by_the_rows_in_sight_less_one) {
   EXPECT_EQ(banco.caja.Arriba(), 0);
 }
 
+TEST(CajaTeclas, what_is_put_in_at_the_very_start_is_seen) {
+  BancoCaja banco;
+  banco.Poner("|" + std::string(100, '\n'));
+  banco.Teclas("Return");
+  EXPECT_EQ(banco.caja.Arriba(), 0);
+}
+
 TEST(CajaTeclas, undo_and_redo_bring_back_text_and_caret) {
   BancoCaja banco;
   const Caso casos[] = {
