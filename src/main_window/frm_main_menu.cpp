@@ -145,8 +145,7 @@ void FrmMain::GuardarTextoNuevo() {
       escritorio_.dialogos.Guardar(*this, Peticion(QStringLiteral("Guardar archivo...")));
   if (gral_.ArchivoActual.isEmpty()) {
     gral_.ArchivoNuevo = true;
-    VolverALaLista();
-    return;
+    return VolverALaLista();
   }
   const std::string_view contenido(gral_.Contenido.constData(), gral_.Contenido.size());
   const Resultado guardado =
@@ -154,17 +153,21 @@ void FrmMain::GuardarTextoNuevo() {
   if (!guardado.Bien()) {
     escritorio_.mensajes.Critico(*this, guardado.Motivo(),
                                  QStringLiteral("ERROR AL GUARDAR EL ARCHIVO"));
-    VolverALaLista();
-    return;
+    return VolverALaLista();
   }
   gral_.Contenido.clear();
   gral_.ArchivoCargado.clear();  // the name may be that of the file shown before
   AgregarArchivo();
 }
 
+// To the selected entry. Without one the new text stays under way: the name that was chosen for it
+// is no file to be loaded in its place.
 void FrmMain::VolverALaLista() {
   if (ListBox->IndiceSeleccionado() >= 0) {
     gral_.ArchivoCargado.clear();
     ListBox_Click();
+  } else {
+    gral_.ArchivoActual.clear();
+    gral_.ArchivoNuevo = true;
   }
 }

@@ -51,6 +51,7 @@ void FrmTexto::Form_Load() {
   }
   LeerOpciones();
   documento_.Vaciar();
+  PonerSinArchivo(TituloSinArchivo);
 }
 
 RectTwips FrmTexto::LeerRectangulo() {

@@ -60,6 +60,8 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   void MostrarCaja(bool ajustar);
 
   CajaTexto& CajaVisible();
+  void PonerArchivo(const QString& archivo);
+  void PonerSinArchivo(const QString& titulo);
   void MostrarTextoNuevo();
   void QuedarSinArchivo();
   void ErrorAlLeer(const Resultado& fallo);

@@ -12,17 +12,30 @@ bool FrmTexto::MuestraArchivo() const {
   return Titulo() != TituloSinArchivo && Titulo() != TituloNuevo;
 }
 
+// What the caption names is what is in the window; where it names none, the next file is loaded,
+// whichever it is.
+void FrmTexto::PonerArchivo(const QString& archivo) {
+  PonerTitulo(PrefijoTitulo + archivo);
+  gral_.ArchivoCargado = archivo;
+}
+
+void FrmTexto::PonerSinArchivo(const QString& titulo) {
+  PonerTitulo(titulo);
+  gral_.ArchivoCargado.clear();
+}
+
 void FrmTexto::MostrarTextoNuevo() {
   if (Titulo() != TituloNuevo) {
     documento_.Vaciar();
-    PonerTitulo(TituloNuevo);
+    PonerSinArchivo(TituloNuevo);
   }
   Guardar().show();
 }
 
 void FrmTexto::QuedarSinArchivo() {
   documento_.Vaciar();
-  PonerTitulo(TituloSinArchivo);
+  EsconderGuardar();
+  PonerSinArchivo(TituloSinArchivo);
 }
 
 // Everything is read before the window changes, so that a failure leaves it as it was.
@@ -38,8 +51,7 @@ void FrmTexto::CargarArchivo() {
   }
   CajaVisible().setFocus();
   EsconderGuardar();
-  PonerTitulo(PrefijoTitulo + gral_.ArchivoActual);
-  gral_.ArchivoCargado = gral_.ArchivoActual;
+  PonerArchivo(gral_.ArchivoActual);
   AvisarDeCopias(escritorio_.mensajes, *this, gral_.ArchivoActual);
   principal_.DarFoco();
 }
@@ -67,7 +79,7 @@ void FrmTexto::MarcarEdicion() {
   Guardar().show();
   if (Titulo() == TituloSinArchivo) {
     gral_.ArchivoNuevo = true;
-    PonerTitulo(TituloNuevo);
+    PonerSinArchivo(TituloNuevo);
   }
 }
 
@@ -75,6 +87,7 @@ void FrmTexto::CmdGuardar_Click() {
   const Activacion::Manejador manejador(LaActivacion());
   if (gral_.ArchivoNuevo || !MuestraArchivo()) {  // the main window asks for the name and writes
     gral_.Contenido = documento_.Copia();
+    PonerSinArchivo(TituloNuevo);
     gral_.ArchivoNuevo = false;
     gral_.GuardarComo = true;
   } else {
@@ -86,8 +99,7 @@ void FrmTexto::CmdGuardar_Click() {
       principal_.DarFoco();
       return;
     }
-    PonerTitulo(PrefijoTitulo + gral_.ArchivoActual);
-    gral_.ArchivoCargado = gral_.ArchivoActual;
+    PonerArchivo(gral_.ArchivoActual);
   }
   CajaVisible().setFocus();
   EsconderGuardar();
@@ -98,7 +110,7 @@ void FrmTexto::CmdCancelar_Click() {
   const Activacion::Manejador manejador(LaActivacion());
   gral_.ArchivoNuevo = false;
   if (Titulo() == TituloNuevo) {
-    PonerTitulo(TituloSinArchivo);
+    PonerSinArchivo(TituloSinArchivo);
   }
   CargarArchivo();
   CajaVisible().setFocus();

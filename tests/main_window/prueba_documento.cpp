@@ -191,16 +191,36 @@ TEST_F(Documentos, a_failed_save_keeps_the_text_and_the_mark) {
   EXPECT_FALSE(QFile::exists(a));
 }
 
-TEST_F(Documentos, a_failed_first_save_reports_and_can_be_tried_again_where_no_file_is_listed) {
-  PulsarIcono(1);
-  Escribir("nuevo");
-  GuardarComo(Ruta("no/existe.txt"));
-  EXPECT_EQ(escritorio.mensajes.titulos, QStringList("ERROR AL GUARDAR EL ARCHIVO"));
-  EXPECT_EQ(EnCaja(), "nuevo");
-  Texto()->DarFoco();  // tries the path that was chosen, which cannot be read either
-  EXPECT_EQ(EnCaja(), "nuevo");
+// A save that failed, and one whose dialog was cancelled, of a text that no file was begun for.
+TEST_F(Documentos, a_first_save_that_comes_to_nothing_keeps_the_text_where_no_file_is_listed) {
+  for (const QString& elegida : {Ruta("no/existe.txt"), QString()}) {
+    Escribir("N");
+    GuardarComo(elegida);
+    const QByteArray antes = EnCaja();
+    Texto()->DarFoco();
+    principal->DarFoco();
+    Texto()->DarFoco();
+    EXPECT_EQ(EnCaja(), antes);
+    EXPECT_EQ(Titulo(), "Archivo: Nuevo");
+    EXPECT_TRUE(Panel() && gral->ArchivoNuevo);
+    EXPECT_EQ(gral->ArchivoActual, "") << "cancelling the text loads nothing";
+  }
+  EXPECT_EQ(escritorio.mensajes.titulos.size(), 1);
   GuardarComo(Ruta("a"));
-  EXPECT_EQ(EnDisco("a"), "nuevo");
+  EXPECT_EQ(EnDisco("a"), "NN");
+}
+
+TEST_F(Documentos, removing_the_entry_that_is_edited_leaves_nothing_to_save) {
+  Abrir(Archivo("a", "texto"));
+  Escribir("X");
+  TeclaEnLista(Qt::Key_Delete);
+  EXPECT_FALSE(Panel());
+  Caja()->Insertar("pegado");  // as the menu does: no key, so no new text
+  GuardarComo({});
+  Texto()->DarFoco();
+  EXPECT_EQ(EnCaja(), "pegado") << "a text that was to be saved is a new one";
+  EXPECT_EQ(Titulo(), "Archivo: Nuevo");
+  EXPECT_TRUE(Panel());
 }
 
 TEST_F(Documentos, a_failed_first_save_goes_back_to_the_selected_file) {

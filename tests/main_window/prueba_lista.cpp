@@ -122,6 +122,25 @@ TEST_F(ListaAbierta, with_nothing_selected_a_key_starts_from_an_end_and_a_letter
   }
 }
 
+// Whatever became of the text, the caption tells what is in the window.
+TEST_F(ListaAbierta, a_click_on_an_entry_whose_text_is_not_in_the_window_loads_it) {
+  const QString a = Archivo("a", "texto");
+  Abrir(a);
+  Texto()->Cerrar();
+  PulsarIcono(4);
+  Texto()->CmdCerrar_Click();
+  EXPECT_EQ(EnCaja(), "");
+  PulsarEntrada();
+  EXPECT_EQ(EnCaja(), "texto");
+  PulsarIcono(1);
+  ASSERT_TRUE(QFile::remove(a) && QDir().mkdir(a));
+  Texto()->CmdCancelar_Click();  // what it would go back to cannot be read
+  ASSERT_TRUE(QDir().rmdir(a));
+  Archivo("a", "otra vez");
+  PulsarEntrada();
+  EXPECT_EQ(EnCaja(), "otra vez");
+}
+
 TEST_F(ListaAbierta, the_letters_of_a_name_find_it_and_never_reach_its_text) {
   AbrirTodos({"alba", "alfa", "beta"});
   principal->DarFoco();
