@@ -5,11 +5,14 @@
 #include "shared/mod_gral.h"
 
 int main(int /*argc*/, char** argv) {
-  const Aplicacion aplicacion(argv[0]);
+  Aplicacion aplicacion(argv[0]);
   EscritorioReal escritorio;
   AccesoPerfilArchivo ajustes(CarpetaConfiguracion());
   ModGral gral(ajustes);
   FrmMain principal(gral, escritorio.Servicios());
+  aplicacion.PonerAviso([&](const QString& motivo) {
+    escritorio.Servicios().mensajes.Critico(principal, motivo, QStringLiteral("ERROR"));
+  });
   principal.MostrarSinActivar();
-  return Aplicacion::Ejecutar();
+  return aplicacion.Ejecutar();
 }

@@ -1,4 +1,6 @@
 // The ten icon commands of the main window.
+#include <utility>
+
 #include <QFileInfo>
 
 #include "main_window/frm_main.h"
@@ -147,15 +149,14 @@ void FrmMain::GuardarTextoNuevo() {
     gral_.ArchivoNuevo = true;
     return VolverALaLista();
   }
-  const std::string_view contenido(gral_.Contenido.constData(), gral_.Contenido.size());
+  const TextoEntero contenido = std::exchange(gral_.Contenido, {});
   const Resultado guardado =
-      CrearOReemplazarArchivo(gral_.ArchivoActual, {&contenido, 1}, Duracion::Sincronizada);
+      CrearOReemplazarArchivo(gral_.ArchivoActual, contenido.tramos, Duracion::Sincronizada);
   if (!guardado.Bien()) {
     escritorio_.mensajes.Critico(*this, guardado.Motivo(),
                                  QStringLiteral("ERROR AL GUARDAR EL ARCHIVO"));
     return VolverALaLista();
   }
-  gral_.Contenido.clear();
   gral_.ArchivoCargado.clear();  // the name may be that of the file shown before
   AgregarArchivo();
 }

@@ -5,13 +5,16 @@
 #include <mutex>
 #include <thread>
 
-#include <QApplication>
 #include <QTranslator>
+
+#include "platform/red.h"
 
 class Aplicacion {
  public:
   explicit Aplicacion(char* programa);
-  static int Ejecutar() { return QApplication::exec(); }
+  // Who tells the user that an event ended in an exception.
+  void PonerAviso(Red::Aviso aviso) { aplicacion_.PonerAviso(std::move(aviso)); }
+  int Ejecutar() { return aplicacion_.Ejecutar(); }
 
  private:
   // No window can be placed or kept on top under native Wayland: X11 comes first where the user
@@ -42,7 +45,7 @@ class Aplicacion {
   Plataforma plataforma_;
   std::array<char*, 2> argumentos_;
   int cuantos_ = 1;  // the program takes no arguments, so the toolkit is shown none
-  QApplication aplicacion_;
+  Red aplicacion_;
   Traductor traductor_;
   std::jthread catalogo_;
 };

@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <dirent.h>
 #include <mutex>
+#include <new>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -99,6 +100,20 @@ bool EnVolumenAusente(const QString& carpeta, const QString& base,
          QDir(queda).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
 }
 
+namespace {
+
+// Nothing may leave a thread.
+ResultadoCon<CarpetaLeida> LeerSiCabe(const LectorPaciente::Leer& leer, const QString& carpeta,
+                                      Busca que) {
+  try {
+    return leer(carpeta, que);
+  } catch (const std::bad_alloc&) {
+    return Resultado::Fallo(ENOMEM);
+  }
+}
+
+}  // namespace
+
 struct LectorPaciente::Tarea {
   explicit Tarea(QString donde) : punto(std::move(donde)) {}
 
@@ -127,7 +142,7 @@ ResultadoCon<CarpetaLeida> LectorPaciente::operator()(const QString& punto, cons
   const auto tarea = std::make_shared<Tarea>(punto);
   try {
     std::thread([tarea, leer = leer_, carpeta, que] {
-      auto leida = leer(carpeta, que);
+      auto leida = LeerSiCabe(leer, carpeta, que);
       const std::lock_guard llave(tarea->cerrojo);
       tarea->leida = std::move(leida);
       tarea->lista = true;

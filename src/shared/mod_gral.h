@@ -3,10 +3,10 @@
 
 #include <cstdint>
 
-#include <QByteArray>
 #include <QString>
 
 #include "shared/perfil.h"
+#include "shared/texto_entero.h"
 
 // What ArchivoActual holds after the list has become empty.
 inline const QString ArchivoNinguno = QStringLiteral("Ninguno");
@@ -31,7 +31,7 @@ struct ModGral {
 
   std::int16_t TotalFavoritas = 0;  // favourite folders last read or saved
   std::int16_t AccionBorrar = 0;    // 0: to the recycle bin, 1: only off the list, 2: nothing
-  QByteArray Contenido;             // the text on its way from the text window to its new file
+  TextoEntero Contenido;            // the text on its way from the text window to its new file
 };
 
 // The program's folder in the user's configuration; it need not exist yet.

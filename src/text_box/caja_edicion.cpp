@@ -1,4 +1,6 @@
 // What changes the text, and the clipboard.
+#include <new>
+
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
@@ -10,7 +12,7 @@
 // False where nothing could be changed.
 bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes,
                         Agrupacion agrupacion) {
-  return Cambiar(desde, hasta, Guardar(bytes), agrupacion);
+  return Cambiar(desde, hasta, SiCabe([&] { return Guardar(bytes); }), agrupacion);
 }
 
 bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, std::optional<Pieza> nueva,
@@ -23,11 +25,21 @@ bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, std::optional<Pieza> nue
   return true;
 }
 
-// Nothing when memory is out, which is heard.
-std::optional<Pieza> CajaTexto::Guardar(const QByteArray& bytes) {
-  auto pieza = documento_.Guardar({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-  if (!pieza) QApplication::beep();
+// What `traer` brings; nothing when memory is out, which is told.
+template <typename Traer>
+std::optional<Pieza> CajaTexto::SiCabe(Traer traer) {
+  std::optional<Pieza> pieza;
+  try {
+    pieza = traer();
+  } catch (const std::bad_alloc&) {
+    pieza.reset();
+  }
+  if (!pieza && oyente_) oyente_->FaltaMemoria();
   return pieza;
+}
+
+std::optional<Pieza> CajaTexto::Guardar(const QByteArray& bytes) {
+  return documento_.Guardar({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 // What the clipboard or a drag brings, with the document's line ends. What comes from a box of
@@ -36,7 +48,11 @@ std::optional<Pieza> CajaTexto::Recibir(const QMimeData& datos) {
   const std::string_view fin = documento_.FinDeLinea();
   const auto* propios = qobject_cast<const DatosTexto*>(&datos);
   if (propios && propios->SoloFin(fin)) return propios->LaPieza();
-  return Guardar(DeFuera(datos, fin));
+  return SiCabe([&] { return Guardar(DeFuera(datos, fin)); });
+}
+
+std::optional<Pieza> CajaTexto::Recibir(const QString& texto) {
+  return SiCabe([&] { return Guardar(DeFuera(texto, documento_.FinDeLinea())); });
 }
 
 void CajaTexto::Borrar(Posicion desde, Posicion hasta) {
@@ -48,11 +64,11 @@ void CajaTexto::Borrar(Posicion desde, Posicion hasta) {
 }
 
 void CajaTexto::Insertar(const QString& texto) {
-  Cambiar(Desde(), Hasta(), DeFuera(texto, documento_.FinDeLinea()), Agrupacion::Sola);
+  Cambiar(Desde(), Hasta(), Recibir(texto), Agrupacion::Sola);
 }
 
 void CajaTexto::CambiarTramo(Posicion desde, Posicion hasta, const QString& texto) {
-  Cambiar(desde, hasta, DeFuera(texto, documento_.FinDeLinea()), Agrupacion::Sola);
+  Cambiar(desde, hasta, Recibir(texto), Agrupacion::Sola);
 }
 
 // Once the text has changed nobody can say what was there.

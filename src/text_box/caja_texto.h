@@ -21,7 +21,7 @@
 
 class QMimeData;
 
-// Who is told of the keys typed in a text box, before they act.
+// Who is told of the keys typed in a text box, before they act, and of changes that failed.
 class OyenteTeclas {
  public:
   virtual ~OyenteTeclas() = default;
@@ -30,6 +30,8 @@ class OyenteTeclas {
   // False: the key is dropped.
   virtual bool TeclaCaracter() = 0;
   virtual void TeclaSuprimir() = 0;  // Delete, in any form
+  // A change, by whatever means, was not made: the memory does not suffice.
+  virtual void FaltaMemoria() = 0;
 };
 
 class CajaTexto : public QAbstractScrollArea, private Observador {
@@ -127,6 +129,9 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   bool Cambiar(Posicion desde, Posicion hasta, std::optional<Pieza> nueva, Agrupacion agrupacion);
   std::optional<Pieza> Guardar(const QByteArray& bytes);
   std::optional<Pieza> Recibir(const QMimeData& datos);
+  std::optional<Pieza> Recibir(const QString& texto);
+  template <typename Traer>
+  std::optional<Pieza> SiCabe(Traer traer);
   void Borrar(Posicion desde, Posicion hasta);
   void Recordar(Posicion desde, Posicion hasta);  // for AvisarCambio
   void Deshacer();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <memory>
 #include <utility>
 
 #include "text_box/trozos.h"
@@ -38,6 +39,10 @@ QByteArray Documento::Copia(Posicion desde, Posicion hasta) const {
   QByteArray copia(static_cast<qsizetype>(hasta - desde), Qt::Uninitialized);
   bytes_.Copiar(desde, hasta, copia.data());
   return copia;
+}
+
+TextoEntero Documento::Entero() const {
+  return {bytes_.Tramos(), std::make_shared<const std::vector<Trozo>>(bytes_.Trozos(0, Tamano()))};
 }
 
 Pieza Documento::Extracto(Posicion desde, Posicion hasta) const {

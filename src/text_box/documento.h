@@ -8,6 +8,7 @@
 #include <QByteArray>
 
 #include "shared/archivo.h"
+#include "shared/texto_entero.h"
 #include "text_box/bytes.h"
 #include "text_box/historial.h"
 #include "text_box/lineas.h"
@@ -37,6 +38,7 @@ class Documento {
   const Lineas& LineasDelTexto() const { return lineas_; }
   QByteArray Copia(Posicion desde, Posicion hasta) const;
   QByteArray Copia() const { return Copia(0, Tamano()); }
+  TextoEntero Entero() const;  // as it is now, where it lies
 
   // A stretch of the text as it is now, whatever becomes of the text: nothing is copied for it.
   Pieza Extracto(Posicion desde, Posicion hasta) const;

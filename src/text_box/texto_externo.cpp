@@ -1,6 +1,7 @@
 #include "text_box/texto_externo.h"
 
 #include <algorithm>
+#include <array>
 
 #include <QUrl>
 
@@ -72,9 +73,21 @@ QByteArray DeFuera(const QMimeData& datos, std::string_view fin_de_linea) {
                  : DeFuera(datos.text(), fin_de_linea);
 }
 
-QString ParaFuera(const QByteArray& bytes) {
-  if (!bytes.contains('\r')) return PaginaCodigos::ATexto(bytes);
-  return PaginaCodigos::ATexto(ConFinales(bytes, "\n"));
+QString ParaFuera(const Pieza& pieza) {
+  const std::array<char16_t, 256>& tabla = PaginaCodigos::Tabla();
+  QString texto(static_cast<qsizetype>(pieza.tamano), Qt::Uninitialized);
+  QChar* donde = texto.data();
+  bool tras_retorno = false;
+  for (const Trozo& trozo : pieza.trozos) {
+    for (const char byte : trozo.bytes) {
+      if (!tras_retorno || byte != '\n') {
+        *donde++ = byte == '\r' ? u'\n' : tabla[static_cast<unsigned char>(byte)];
+      }
+      tras_retorno = byte == '\r';
+    }
+  }
+  texto.truncate(donde - texto.constData());
+  return texto;
 }
 
 bool RecuentoFines::Seguir(const Pieza& pieza, std::size_t bytes) {
@@ -118,8 +131,12 @@ QStringList DatosTexto::formats() const {
   return {TextoLlano};
 }
 
+// The toolkit goes on to UTF-8 where nothing can be caught: what has no room for that is not begun.
 QVariant DatosTexto::retrieveData(const QString& formato, QMetaType /*tipo*/) const {
-  return formato == TextoLlano ? QVariant(ParaFuera(Copia(pieza_))) : QVariant();
+  constexpr std::size_t por_byte = sizeof(QChar) + 3;
+  if (formato != TextoLlano) return {};
+  if (!Almacen::Hacer(static_cast<std::size_t>(pieza_.tamano) * por_byte)) return {};
+  return ParaFuera(pieza_);
 }
 
 bool TraeTexto(const QMimeData* datos) {

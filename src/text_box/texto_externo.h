@@ -18,7 +18,7 @@ QByteArray DeFuera(const QString& texto, std::string_view fin_de_linea);
 QByteArray DeFuera(const QMimeData& datos, std::string_view fin_de_linea);
 
 // The text for other programs: each line end as LF.
-QString ParaFuera(const QByteArray& bytes);
+QString ParaFuera(const Pieza& pieza);
 
 // Which forms of line end a piece has, found out bit by bit.
 class RecuentoFines {
@@ -36,7 +36,8 @@ class RecuentoFines {
   std::ptrdiff_t fines_ = 0;
 };
 
-// A stretch of a text, as it was when it was taken; converted only when somebody asks for it.
+// A stretch of a text, as it was when it was taken; converted only when somebody asks for it, and
+// nothing where the memory does not suffice for that.
 class DatosTexto : public QMimeData {
   Q_OBJECT
 

@@ -71,6 +71,7 @@ class FrmTexto : public Ventana, private OyenteTeclas {
 
   bool TeclaCaracter() override;
   void TeclaSuprimir() override;
+  void FaltaMemoria() override;
   void MarcarEdicion();
 
   ModGral& gral_;

@@ -1,4 +1,6 @@
 // The document of the text window: its states, read from the caption; loading, editing, saving.
+#include <cerrno>
+
 #include "text_window/aviso_copias.h"
 #include "text_window/frm_texto.h"
 #include "text_window/panel_guardar.h"
@@ -75,6 +77,15 @@ void FrmTexto::TeclaSuprimir() {
   MarcarEdicion();
 }
 
+// Told when the key, the drop or the menu is done with.
+void FrmTexto::FaltaMemoria() {
+  const auto avisar = [this] {
+    escritorio_.mensajes.Critico(*this, Resultado::Fallo(ENOMEM).Motivo(),
+                                 QStringLiteral("ERROR AL CAMBIAR EL TEXTO"));
+  };
+  QMetaObject::invokeMethod(this, avisar, Qt::QueuedConnection);
+}
+
 void FrmTexto::MarcarEdicion() {
   Guardar().show();
   if (Titulo() == TituloSinArchivo) {
@@ -86,7 +97,7 @@ void FrmTexto::MarcarEdicion() {
 void FrmTexto::CmdGuardar_Click() {
   const Activacion::Manejador manejador(LaActivacion());
   if (gral_.ArchivoNuevo || !MuestraArchivo()) {  // the main window asks for the name and writes
-    gral_.Contenido = documento_.Copia();
+    gral_.Contenido = documento_.Entero();
     PonerSinArchivo(TituloNuevo);
     gral_.ArchivoNuevo = false;
     gral_.GuardarComo = true;

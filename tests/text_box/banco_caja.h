@@ -83,7 +83,7 @@ class BancoCaja : private OyenteTeclas {
 
   Documento documento;
   CajaTexto caja;
-  std::string avisos;  // what was announced: "c" a character, "s" Delete
+  std::string avisos;  // what was announced: "c" a character, "s" Delete, "m" no memory
   bool deja_escribir = true;
 
  private:
@@ -92,4 +92,5 @@ class BancoCaja : private OyenteTeclas {
     return deja_escribir;
   }
   void TeclaSuprimir() override { avisos += 's'; }
+  void FaltaMemoria() override { avisos += 'm'; }
 };

@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include "text_box/banco_caja.h"
+#include "text_box/texto_externo.h"
 
 namespace {
 
@@ -145,6 +146,35 @@ TEST(CajaEntrada, dropped_text_is_inserted_and_selected_and_a_dropped_file_does_
   EXPECT_FALSE(Soltar(banco, archivo, banco.Sitio(1)));
   EXPECT_EQ(banco.Estado(), "a^xy|bc");
   EXPECT_EQ(banco.avisos, "");
+}
+
+TEST(CajaEntrada, a_text_handed_over_is_no_copy_and_outlives_its_document) {
+  BancoCaja banco;
+  banco.documento.Poner("uno");
+  const char* const donde = banco.documento.Texto().Donde(0).datos;
+  const TextoEntero entero = banco.documento.Entero();
+  banco.documento.Poner("otro");
+  EXPECT_EQ(entero.tramos, std::vector<std::string_view>{"uno"});
+  EXPECT_EQ(entero.tramos[0].data(), donde);
+}
+
+TEST(CajaEntrada, what_memory_cannot_hold_is_told_and_changes_nothing) {
+  struct Demasiado : QMimeData {
+    QStringList formats() const override { return {"text/plain"}; }
+    QVariant retrieveData(const QString& formato, QMetaType /*tipo*/) const override {
+      return formato == "text/plain" ? throw std::bad_alloc() : QVariant();
+    }
+  };
+  BancoCaja banco;
+  banco.Poner("a^b|c");
+  EXPECT_TRUE(Soltar(banco, Demasiado(), banco.Sitio(1)));
+  QApplication::clipboard()->setMimeData(new Demasiado);
+  banco.Teclas("Ctrl+V");
+  EXPECT_EQ(banco.Estado(), "a^b|c");
+  EXPECT_EQ(banco.avisos, "mcm");
+  QApplication::clipboard()->clear();
+  const DatosTexto enorme({{}, Posicion{1} << 60, 0, {}});
+  EXPECT_EQ(enorme.text(), "") << "asked for by another program";
 }
 
 TEST(CajaEntrada, the_menu_is_spanish_and_offers_what_can_be_done) {
