@@ -1,7 +1,9 @@
 // Text dragged out of a box, into it, and within it.
+#include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QPointer>
 
 #include "text_box/caja_texto.h"
 #include "text_box/texto_externo.h"
@@ -9,10 +11,13 @@
 void CajaTexto::ArrastrarTexto() {
   raton_.gesto = Raton::Gesto::Ninguno;
   auto* arrastre = new QDrag(this);
+  const QPointer<CajaTexto> caja(this);  // its window may be closed meanwhile
+  arrastre->setParent(qApp);             // the drag goes on then
   arrastre->setMimeData(DatosElegidos());
   const Qt::DropActions acciones = solo_lectura_ ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction;
   const Qt::DropAction hecha =
       arrastre->exec(acciones, solo_lectura_ ? Qt::CopyAction : Qt::MoveAction);
+  if (!caja) return;
   const bool aqui = arrastre->target() == this || arrastre->target() == viewport();
   if (hecha == Qt::MoveAction && !aqui) Eliminar();
 }
