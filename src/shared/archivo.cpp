@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <string>
+#include <unistd.h>
 #include <utility>
 
 #include <QFile>
@@ -15,6 +16,7 @@ namespace {
 constexpr int SoloLectura = O_RDONLY | O_NONBLOCK | O_NOCTTY;
 constexpr unsigned PermisosNuevos = 0666;
 constexpr std::size_t MaximoSinTamano = std::size_t{1} << 24;
+constexpr off_t BytesBloque = 512;  // of st_blocks
 
 // What is no regular file is not even opened: opening alone can block or act on a device.
 Resultado ExigirRegularSiExiste(const char* ruta) {
@@ -54,6 +56,7 @@ ResultadoCon<LectorArchivo> LectorArchivo::Abrir(const QString& ruta, SiFalta si
   lector.descriptor_ = std::move(abierto.Valor());
   lector.tamano_ = static_cast<std::size_t>(estado.Valor().st_size);
   lector.quedan_ = lector.tamano_ == 0 ? MaximoSinTamano : lector.tamano_;
+  lector.tiene_huecos_ = estado.Valor().st_blocks * BytesBloque < estado.Valor().st_size;
   return lector;
 }
 
@@ -63,6 +66,20 @@ ResultadoCon<std::size_t> LectorArchivo::Leer(char* destino, std::size_t maximo)
   const Resultado cabe = Descontar(leidos.Valor());
   if (!cabe.Bien()) return cabe;
   return leidos;
+}
+
+std::size_t LectorArchivo::SaltarHueco(std::size_t maximo) {
+  const off_t aqui = tiene_huecos_ ? ::lseek(descriptor_.Numero(), 0, SEEK_CUR) : -1;
+  if (aqui < 0) return 0;
+  const off_t datos = ::lseek(descriptor_.Numero(), aqui, SEEK_DATA);
+  const bool hasta_el_final = datos < 0 && errno == ENXIO;
+  const off_t fin = hasta_el_final ? static_cast<off_t>(tamano_) : datos;
+  if (fin <= aqui) return 0;
+  const off_t tope = std::min(fin, aqui + static_cast<off_t>(std::min(maximo, quedan_)));
+  ::lseek(descriptor_.Numero(), tope, SEEK_SET);
+  const auto saltados = static_cast<std::size_t>(tope - aqui);
+  quedan_ -= saltados;
+  return saltados;
 }
 
 ResultadoCon<QByteArray> LectorArchivo::LeerResto() {

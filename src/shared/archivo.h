@@ -26,6 +26,8 @@ class LectorArchivo {
   // that grows. A file that gives no length and yet has bytes, as the system's own do, is read,
   // too; EFBIG when there is no end to them. Interrupted calls are repeated.
   ResultadoCon<std::size_t> Leer(char* destino, std::size_t maximo);
+  // Passes over up to `maximo` bytes that are zero because the disk does not hold them; how many.
+  std::size_t SaltarHueco(std::size_t maximo);
   ResultadoCon<QByteArray> LeerResto();  // everything that is left; ENOMEM when it is too much
 
  private:
@@ -33,7 +35,8 @@ class LectorArchivo {
 
   Descriptor descriptor_;
   std::size_t tamano_ = 0;
-  std::size_t quedan_ = 0;  // bytes that may yet be read
+  std::size_t quedan_ = 0;     // bytes that may yet be read
+  bool tiene_huecos_ = false;  // the disk holds less than its length
 };
 
 ResultadoCon<QByteArray> LeerArchivo(const QString& ruta);

@@ -15,7 +15,9 @@ Resultado Documento::Cargar(LectorArchivo& lector) {
   while (true) {
     const std::span<char> sitio = nuevos.ReservarFinal(std::max(previstos, Bocado));
     if (sitio.empty()) return Resultado::Fallo(ENOMEM);
-    const ResultadoCon<std::size_t> leidos = lector.Leer(sitio.data(), Bocado);
+    // The memory is new, so it is zero: a hole is neither read nor does it take any.
+    const std::size_t hueco = lector.SaltarHueco(Bocado);
+    const ResultadoCon<std::size_t> leidos = hueco > 0 ? hueco : lector.Leer(sitio.data(), Bocado);
     if (!leidos.Bien()) return leidos.Fallo();
     if (leidos.Valor() == 0) break;
     nuevos.ConfirmarFinal(leidos.Valor());

@@ -33,6 +33,17 @@ TEST_F(Documentos, every_byte_comes_back_as_it_was) {
   }
 }
 
+TEST_F(Documentos, the_holes_of_a_file_are_zero_bytes) {
+  QFile a(Archivo("a", "uno"));
+  ASSERT_TRUE(a.open(QFile::ReadWrite) && a.resize(5 << 20) && a.seek(3 << 20));
+  a.write("dos");
+  a.close();
+  Abrir(Ruta("a"));
+  QByteArray todo(5 << 20, '\0');
+  todo.replace(0, 3, "uno").replace(3 << 20, 3, "dos");
+  EXPECT_TRUE(EnCaja() == todo);
+}
+
 TEST_F(Documentos, typing_marks_the_edit_and_saving_replaces_the_file) {
   Abrir(Archivo("a", "un texto largo"));
   EXPECT_FALSE(Panel());
