@@ -134,7 +134,7 @@ void Activacion::Restaurar(Ventana& ventana) {
   pedir_ = true;
   Prever(ventana);
   if (ventana.windowHandle() != nullptr) {
-    gestor_.Activar(*ventana.windowHandle());
+    gestor_.Activar(*ventana.windowHandle(), GestorVentanas::Quien::Usuario);
   }
 }
 
@@ -207,12 +207,18 @@ bool Activacion::PorTecla(Ventana& ventana, QEvent& evento) {
 void Activacion::PorEscritorio(Ventana& ventana) {
   switch (peticiones_.Activada(ventana, foco_.Activa())) {
     case PeticionesFoco::Respuesta::Repetir:
-      PedirFoco();
+      if (gestor_.BotonPulsado()) {
+        Mover(ventana);
+      } else {
+        PedirFoco();
+      }
       break;
     case PeticionesFoco::Respuesta::DelUsuario:
       Mover(ventana);
       break;
     case PeticionesFoco::Respuesta::Conforme:
+      ultima_ = Ultima::Concedida;
+      break;
     case PeticionesFoco::Respuesta::Esperar:
       break;
   }
@@ -227,11 +233,18 @@ void Activacion::DevolverAlModal(WId ventana) {
   }
 }
 
-// Nothing is under way any more: where the keyboard really is counts.
+// Nothing is under way any more. A request that came while the desktop was still busy with another
+// can have been lost: it is made once more. Then where the keyboard really is counts.
 void Activacion::Sosegar() {
   peticiones_.Vaciar();
   auto* real = qobject_cast<Ventana*>(QApplication::activeWindow());
-  if (real != nullptr && dialogos_ == 0 && !Bloqueada(*real)) {
+  if (real == nullptr || real == Activa() || dialogos_ > 0 || Bloqueada(*real)) {
+    return;
+  }
+  if (ultima_ == Ultima::Pedida) {
+    PedirFoco();
+    ultima_ = Ultima::Insistida;
+  } else {
     Mover(*real);
   }
 }
@@ -292,6 +305,7 @@ void Activacion::PedirFoco() {
   activa->raise();
   Anotar(elevadas_, *activa);
   peticiones_.Pedir(*activa);
+  ultima_ = Ultima::Pedida;
   paciencia_.start();
   if (!gestor_.Activar(*activa->windowHandle())) {
     activa->activateWindow();

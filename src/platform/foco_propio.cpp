@@ -23,45 +23,45 @@ void FocoPropio::Olvidar(const Activable& ventana) {
 }
 
 void PeticionesFoco::Prever(const Activable& ventana) {
-  if (std::find(previstas_.begin(), previstas_.end(), &ventana) == previstas_.end()) {
-    previstas_.push_back(&ventana);
-  }
+  pasos_.push_back({&ventana, false});
 }
 
 void PeticionesFoco::Pedir(const Activable& ventana) {
-  if (pedidas_.empty() || pedidas_.back() != &ventana) {
-    pedidas_.push_back(&ventana);
-  }
+  pasos_.push_back({&ventana, true});
 }
 
 bool PeticionesFoco::Pedida(const Activable* ventana) const {
-  return std::find(pedidas_.begin(), pedidas_.end(), ventana) != pedidas_.end();
+  return std::any_of(pasos_.begin(), pasos_.end(), [&](const Paso& paso) {
+    return paso.pedido && (ventana == nullptr || paso.ventana == ventana);
+  });
 }
 
 PeticionesFoco::Respuesta PeticionesFoco::Activada(const Activable& ventana,
                                                    const Activable* activa) {
-  const bool pendiente = !pedidas_.empty();
-  const bool prevista = std::erase(previstas_, &ventana) > 0;
-  const auto respondida = std::find(pedidas_.begin(), pedidas_.end(), &ventana);
-  const bool pedida = !prevista && respondida != pedidas_.end();
-  if (pedida) {
-    pedidas_.erase(pedidas_.begin(), respondida + 1);
+  const auto es_suyo = [&](const Paso& paso) { return paso.ventana == &ventana; };
+  const bool pendiente = Pedida(nullptr);
+  const auto paso = std::find_if(pasos_.begin(), pasos_.end(), es_suyo);
+  const bool conocida = paso != pasos_.end();
+  const bool prevista = conocida && !paso->pedido;
+  if (conocida) {
+    pasos_.erase(pasos_.begin(), paso + 1);
   }
   if (&ventana == activa) {
+    if (std::all_of(pasos_.begin(), pasos_.end(), es_suyo)) {
+      pasos_.clear();
+    }
     return Respuesta::Conforme;
   }
-  if (prevista || (pedida && !Pedida(activa))) {
+  if (prevista || (conocida && !Pedida(activa))) {
     return Respuesta::Repetir;
   }
   return pendiente ? Respuesta::Esperar : Respuesta::DelUsuario;
 }
 
 void PeticionesFoco::Olvidar(const Activable& ventana) {
-  std::erase(previstas_, &ventana);
-  std::erase(pedidas_, &ventana);
+  std::erase_if(pasos_, [&](const Paso& paso) { return paso.ventana == &ventana; });
 }
 
 void PeticionesFoco::Vaciar() {
-  pedidas_.clear();
-  previstas_.clear();
+  pasos_.clear();
 }

@@ -38,7 +38,7 @@ class PeticionesFoco {
     DelUsuario,  // nothing is under way: the user came here
   };
 
-  bool Vacias() const { return pedidas_.empty() && previstas_.empty(); }
+  bool Vacias() const { return pasos_.empty(); }
 
   // The desktop may activate it by itself: it was mapped, restored, or another one went away.
   void Prever(const Activable& ventana);
@@ -48,8 +48,11 @@ class PeticionesFoco {
   void Vaciar();  // whatever has not come by now is not coming
 
  private:
+  struct Paso {
+    const Activable* ventana;
+    bool pedido;  // else foreseen
+  };
   bool Pedida(const Activable* ventana) const;
 
-  std::vector<const Activable*> pedidas_;    // answered in this order, one or the other left out
-  std::vector<const Activable*> previstas_;  // at any time, or never
+  std::vector<Paso> pasos_;  // the desktop takes them in this order, and leaves some out
 };

@@ -1,6 +1,8 @@
 #include "platform/gestor_ventanas.h"
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <string_view>
@@ -12,6 +14,8 @@
 #include <QWindow>
 
 namespace {
+
+constexpr unsigned Botones = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
 
 struct Liberar {
   void operator()(void* respuesta) const { std::free(respuesta); }
@@ -36,10 +40,12 @@ std::array<xcb_atom_t, N> Atomos(xcb_connection_t* conexion,
   return atomos;
 }
 
-bool Tiene(xcb_connection_t* conexion, xcb_window_t ventana, xcb_atom_t propiedad) {
-  const Respuesta<xcb_get_property_reply_t> dicho(xcb_get_property_reply(
-      conexion, xcb_get_property(conexion, 0, ventana, propiedad, XCB_ATOM_ANY, 0, 0), nullptr));
-  return dicho != nullptr && dicho->type != XCB_ATOM_NONE;
+Respuesta<xcb_get_property_reply_t> Propiedad(xcb_connection_t* conexion, xcb_window_t ventana,
+                                              xcb_atom_t nombre) {
+  constexpr std::uint32_t Palabras = 1024;  // more than any of them has
+  return Respuesta<xcb_get_property_reply_t>(xcb_get_property_reply(
+      conexion, xcb_get_property(conexion, 0, ventana, nombre, XCB_ATOM_ANY, 0, Palabras),
+      nullptr));
 }
 
 }  // namespace
@@ -51,10 +57,10 @@ GestorVentanas::GestorVentanas() {
   }
   conexion_ = x11->connection();
   raiz_ = xcb_setup_roots_iterator(xcb_get_setup(conexion_)).data->root;
-  const auto atomos = Atomos<4>(conexion_, {"_NET_ACTIVE_WINDOW", "_NET_SUPPORTING_WM_CHECK",
-                                            "_NET_FRAME_EXTENTS", "WM_PROTOCOLS"});
+  const auto atomos = Atomos<4>(
+      conexion_, {"_NET_ACTIVE_WINDOW", "_NET_SUPPORTED", "_NET_FRAME_EXTENTS", "WM_PROTOCOLS"});
   activa_ = atomos[0];
-  gestor_ = atomos[1];
+  sabidas_ = atomos[1];
   marco_ = atomos[2];
   protocolos_ = atomos[3];
   qApp->installNativeEventFilter(this);
@@ -62,12 +68,21 @@ GestorVentanas::GestorVentanas() {
 
 GestorVentanas::~GestorVentanas() = default;
 
-bool GestorVentanas::Hay() const {
-  return conexion_ != nullptr && Tiene(conexion_, raiz_, gestor_);
+// Without a manager, or with one that does not know the hint, nobody will ever say it.
+bool GestorVentanas::Sabe(quint32 indicacion) const {
+  if (conexion_ == nullptr) {
+    return false;
+  }
+  const auto dicho = Propiedad(conexion_, raiz_, sabidas_);
+  if (dicho == nullptr || dicho->format != 32) {
+    return false;
+  }
+  const auto* primera = static_cast<const xcb_atom_t*>(xcb_get_property_value(dicho.get()));
+  return std::find(primera, primera + dicho->value_len, indicacion) != primera + dicho->value_len;
 }
 
 bool GestorVentanas::Activar(const QWindow& ventana, Quien quien) {
-  if (!Hay()) {
+  if (!Sabe(activa_)) {
     return false;
   }
   const QWindow* ahora = QGuiApplication::focusWindow();
@@ -86,13 +101,34 @@ bool GestorVentanas::Activar(const QWindow& ventana, Quien quien) {
   return true;
 }
 
-bool GestorVentanas::MarcoDicho(const QWindow& ventana) const {
-  return !Hay() || Tiene(conexion_, static_cast<xcb_window_t>(ventana.winId()), marco_);
+bool GestorVentanas::BotonPulsado() const {
+  if (conexion_ == nullptr) {
+    return false;
+  }
+  const Respuesta<xcb_query_pointer_reply_t> dicho(
+      xcb_query_pointer_reply(conexion_, xcb_query_pointer(conexion_, raiz_), nullptr));
+  return dicho != nullptr && (dicho->mask & Botones) != 0;
+}
+
+std::optional<QMargins> GestorVentanas::Marco(const QWindow& ventana) const {
+  if (!Sabe(marco_)) {
+    return ventana.frameMargins();
+  }
+  const auto dicho = Propiedad(conexion_, static_cast<xcb_window_t>(ventana.winId()), marco_);
+  if (dicho == nullptr || dicho->format != 32 || dicho->value_len < 4) {
+    return {};
+  }
+  const auto* lados = static_cast<const quint32*>(xcb_get_property_value(dicho.get()));
+  return (QMarginsF(lados[0], lados[2], lados[1], lados[3]) / ventana.devicePixelRatio())
+      .toMargins();
 }
 
 std::optional<QPoint> GestorVentanas::Lugar(const QWindow& ventana) const {
-  if (conexion_ == nullptr) {
+  if (QGuiApplication::platformName() == u"wayland") {
     return {};
+  }
+  if (conexion_ == nullptr) {
+    return ventana.position();
   }
   const auto id = static_cast<xcb_window_t>(ventana.winId());
   const Respuesta<xcb_translate_coordinates_reply_t> dicho(xcb_translate_coordinates_reply(

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include <QAbstractNativeEventFilter>
+#include <QMargins>
 #include <QObject>
 #include <qwindowdefs.h>
 
@@ -28,9 +29,12 @@ class GestorVentanas : public QObject, private QAbstractNativeEventFilter {
   bool Activar(const QWindow& ventana, Quien quien = Quien::Programa);
   // The time of what the user did last goes with a request: an older one would be refused.
   void AnotarHora(const QEvent& evento);
-  // Are the toolkit's margins of the frame what the manager says, and no guess?
-  bool MarcoDicho(const QWindow& ventana) const;
+  // Is a button of the mouse down? A press reaches a window after the keyboard that it brings.
+  bool BotonPulsado() const;
+  // What its frame takes; nothing until the manager has said it.
+  std::optional<QMargins> Marco(const QWindow& ventana) const;
   // Where its inside begins on the screen, asked of the desktop: the toolkit can be mistaken.
+  // Nothing where windows have no place of their own.
   std::optional<QPoint> Lugar(const QWindow& ventana) const;
 
  signals:
@@ -39,13 +43,13 @@ class GestorVentanas : public QObject, private QAbstractNativeEventFilter {
 
  private:
   bool nativeEventFilter(const QByteArray& tipo, void* mensaje, qintptr* resultado) override;
-  bool Hay() const;
+  bool Sabe(quint32 indicacion) const;
   void AnotarHora(quint32 hora);
 
   xcb_connection_t* conexion_ = nullptr;  // null: no X11
   quint32 raiz_ = 0;
   quint32 activa_ = 0;      // the atom _NET_ACTIVE_WINDOW
-  quint32 gestor_ = 0;      // _NET_SUPPORTING_WM_CHECK
+  quint32 sabidas_ = 0;     // _NET_SUPPORTED
   quint32 marco_ = 0;       // _NET_FRAME_EXTENTS
   quint32 protocolos_ = 0;  // WM_PROTOCOLS
   quint32 hora_ = 0;        // of the server, in milliseconds; it wraps around

@@ -59,11 +59,12 @@ Ventana::Ventana(Activacion& activacion, Marco marco)
     : QWidget(nullptr, Banderas(marco)), activacion_(activacion), marco_(marco) {
   setAttribute(Qt::WA_QuitOnClose, false);
   HacerAccesibles();
-  // Later, when the toolkit has heard it, too.
+  // Later, when the toolkit has heard it, too. Only once: some desktops say it again, and move the
+  // frame about, when they make a show of minimising the window.
   connect(
       &activacion_.Gestor(), &GestorVentanas::MarcoCambiado, this,
       [this](WId ventana) {
-        if (internalWinId() == ventana) {
+        if (por_ajustar_ && internalWinId() == ventana) {
           VerMarco();
         }
       },
@@ -181,9 +182,8 @@ RectTwips Ventana::Rectangulo() const {
   if (visto_.isNull()) {  // never seen in its frame: still what was asked for
     return pedido_;
   }
-  const QRect visto = Estado() == EstadoVentana::Normal ? VistoAhora() : visto_;
-  return {TwipsDe(pedido_.izquierda, visto.x()), TwipsDe(pedido_.arriba, visto.y()),
-          TwipsDe(pedido_.ancho, visto.width()), TwipsDe(pedido_.alto, visto.height())};
+  return {TwipsDe(pedido_.izquierda, visto_.x()), TwipsDe(pedido_.arriba, visto_.y()),
+          TwipsDe(pedido_.ancho, visto_.width()), TwipsDe(pedido_.alto, visto_.height())};
 }
 
 void Ventana::PonerRectangulo(const RectTwips& rectangulo) {
@@ -221,31 +221,29 @@ void Ventana::VerMarco() {
   }
   const EstadoVentana estado = Estado();
   llegada_ = llegada_ || estado == por_mostrar_;
-  if (estado != EstadoVentana::Normal || !llegada_ || !activacion_.Gestor().MarcoDicho(*nativa)) {
+  const auto marco = activacion_.Gestor().Marco(*nativa);
+  if (estado != EstadoVentana::Normal || !llegada_ || !marco) {
     return;
   }
   if (std::exchange(por_ajustar_, false)) {
-    AjustarAlMarco();
+    AjustarAlMarco(*marco);
   }
-  visto_ = VistoAhora();
+  // Its place stays the one asked for where the desktop tells of none.
+  const auto interior = activacion_.Gestor().Lugar(*nativa);
+  visto_ = QRect(interior.value_or(geometry().topLeft()), size()).marginsAdded(*marco);
+  if (!interior) {
+    visto_.moveTopLeft(Lugar());
+  }
 }
 
 // In one request, and for the inside: what the toolkit takes for the outer place is not yet true.
-void Ventana::AjustarAlMarco() {
-  QMargins& marco = MarcoConocido(marco_);
+void Ventana::AjustarAlMarco(const QMargins& marco) {
   if (por_mostrar_ == EstadoVentana::Normal) {  // else it may still be that of the state just left
-    marco = windowHandle()->frameMargins();
+    MarcoConocido(marco_) = marco;
   }
   if (pedido_.ancho > 0) {
-    setGeometry(QRect(Lugar(), Exterior()).marginsRemoved(marco));
+    setGeometry(QRect(Lugar(), Exterior()).marginsRemoved(MarcoConocido(marco_)));
   }
-}
-
-// The frame's rectangle in pixels, as it is now: the place is the desktop's word, where it has one.
-QRect Ventana::VistoAhora() const {
-  const QWindow& nativa = *windowHandle();
-  const QPoint interior = activacion_.Gestor().Lugar(nativa).value_or(nativa.position());
-  return QRect(interior, size()).marginsAdded(nativa.frameMargins());
 }
 
 // The toolkit reads "[*]" in a title as a place for its own mark: doubled, it shows itself.

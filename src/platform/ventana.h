@@ -69,9 +69,8 @@ class Ventana : public QWidget, public Activable {
   void Cargar();
   QPoint Lugar() const;
   QSize Exterior() const;
-  QRect VistoAhora() const;
   void VerMarco();
-  void AjustarAlMarco();
+  void AjustarAlMarco(const QMargins& marco);
 
   Activacion& activacion_;
   Marco marco_;

@@ -224,6 +224,11 @@ class Escritorio:
         return self.orden("xprop", "-id", ventana, nombre)
 
     @property
+    def mide_marcos(self):
+        """Does the window manager tell what its frames take?"""
+        return self.gestor not in (None, "i3")
+
+    @property
     def minimiza(self):
         """Can this desktop minimise and maximise a window?"""
         return self.gestor not in (None, "i3")
@@ -281,9 +286,9 @@ class Escritorio:
                                              "Width", "Height"))
 
     def rectangulo_exterior(self, ventana):
-        """The same with the frame that the window manager draws."""
-        x, y, ancho, alto = self.rectangulo(ventana)
+        """The same with the frame that the window manager draws, where it tells of one."""
         margenes = self.propiedad(ventana, "_NET_FRAME_EXTENTS").partition("=")[2] or "0,0,0,0"
+        x, y, ancho, alto = self.rectangulo(ventana)
         izquierda, derecha, arriba, abajo = (int(m) for m in margenes.split(","))
         return x - izquierda, y - arriba, ancho + izquierda + derecha, alto + arriba + abajo
 

@@ -41,9 +41,9 @@ TEST(PeticionesFoco, an_activation_is_told_from_the_user_s_by_what_is_still_unde
   EXPECT_EQ(Respuestas("!a!b!ab?a?"), ".=") << "the first one is left out";
   EXPECT_EQ(Respuestas("!bb?b?"), "RU") << "what was asked for is out of date: once more";
   EXPECT_EQ(Respuestas("+bb?b?"), "RU") << "a mapped one takes the keyboard, once";
-  EXPECT_EQ(Respuestas("+b!aa?b?"), "=R") << "and may do so after the answer";
-  EXPECT_EQ(Respuestas("+b!ab?"), "R...") << "or before it";
-  EXPECT_EQ(Respuestas("+c!ab?a?"), ".=...") << "nobody foresaw b";
+  EXPECT_EQ(Respuestas("+b!aa?b?"), "=U") << "not after the answer to what came later";
+  EXPECT_EQ(Respuestas("+b!ab?"), "R...") << "but before it";
+  EXPECT_EQ(Respuestas("+c!ab?a?"), ".=") << "nobody foresaw b";
   EXPECT_EQ(Respuestas("+b!b-bb?"), "U") << "closed, and there again";
 }
 

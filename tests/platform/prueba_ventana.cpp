@@ -22,10 +22,8 @@ TEST_F(Ventanas, the_rectangle_that_was_set_comes_back_until_the_window_is_moved
   EXPECT_EQ(ventana.Rectangulo(), rect);
   ventana.move(ventana.pos() + QPoint(1, 0));
   ventana.resize(ventana.size() + QSize(0, 2));
-  const RectTwips otra = ventana.Rectangulo();
-  EXPECT_EQ(otra.izquierda, 214 * 15);
-  EXPECT_EQ(otra.alto, 7200 + 2 * 15);
-  EXPECT_EQ(otra.ancho, 8500);
+  const RectTwips otra{214 * 15, 1425, 8500, 7200 + 2 * 15};
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ventana.Rectangulo() == otra; }));
 }
 
 TEST_F(Ventanas, a_state_set_before_showing_is_the_state_shown) {
