@@ -8,6 +8,7 @@
 #include "platform/dialogos_archivo.h"
 #include "platform/dialogos_aspecto.h"
 #include "platform/encima.h"
+#include "platform/espera_larga.h"
 #include "platform/mensajes.h"
 #include "platform/papelera.h"
 #include "platform/unidades.h"
@@ -21,6 +22,7 @@ struct Escritorio {
   Papelera& papelera;
   DialogosAspecto& aspecto;
   Unidades& unidades;
+  Esperas& esperas;
 };
 
 // The real desktop.
@@ -38,5 +40,6 @@ class EscritorioReal {
   PapeleraReal papelera_;
   DialogosAspectoReales aspecto_;
   UnidadesReales unidades_;
+  EsperasReales esperas_;
   Escritorio servicios_;
 };

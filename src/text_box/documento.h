@@ -1,6 +1,8 @@
 // One text with its lines and its undo, shown by any number of views.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -27,9 +29,12 @@ class Documento {
   Documento(const Documento&) = delete;
   Documento& operator=(const Documento&) = delete;
 
+  // Is asked after each small part of a reading, with the bytes read so far: may it go on?
+  using Seguir = std::function<bool(std::size_t leidos)>;
   // Reads the whole file first; only when that has succeeded the text becomes the file's bytes,
-  // undo is emptied and the views are told. On a failure nothing changes.
-  Resultado Cargar(LectorArchivo& lector);
+  // undo is emptied and the views are told. On a failure nothing changes; ECANCELED when `seguir`
+  // has said no.
+  Resultado Cargar(LectorArchivo& lector, const Seguir& seguir = {});
   void Vaciar();
   void Poner(std::string_view bytes);  // a whole new text; undo is emptied
 

@@ -7,8 +7,9 @@
 
 #include "text_box/documento.h"
 
-Resultado Documento::Cargar(LectorArchivo& lector) {
-  constexpr std::size_t Bocado = std::size_t{1} << 20;  // counted while it is in the cache
+Resultado Documento::Cargar(LectorArchivo& lector, const Seguir& seguir) {
+  // Counted while it is in the cache, and there soon also from a slow disk.
+  constexpr std::size_t Bocado = std::size_t{256} << 10;
   Bytes nuevos;
   ContadorLineas contador;
   std::size_t previstos = lector.Tamano();
@@ -23,6 +24,9 @@ Resultado Documento::Cargar(LectorArchivo& lector) {
     nuevos.ConfirmarFinal(leidos.Valor());
     contador.Agregar({sitio.data(), leidos.Valor()});
     previstos -= std::min(previstos, leidos.Valor());
+    if (seguir && !seguir(static_cast<std::size_t>(nuevos.Tamano()))) {
+      return Resultado::Fallo(ECANCELED);
+    }
   }
   Sustituir(std::move(nuevos), contador.Terminar());
   return {};

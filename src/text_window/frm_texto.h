@@ -28,7 +28,9 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   void Form_Deactivate() override;
   void Form_Unload() override;
 
-  void CargarArchivo();  // loads the file named by ArchivoActual
+  // Loads the file named by ArchivoActual. False: the user would not wait for it, and the text,
+  // the caption and the save panel are as they were.
+  bool CargarArchivo();
   void CmdGuardar_Click();
   void CmdCancelar_Click();
   void CmdFuente_Click();
@@ -64,7 +66,9 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   void PonerSinArchivo(const QString& titulo);
   void MostrarTextoNuevo();
   void QuedarSinArchivo();
+  Resultado LeerArchivoActual();
   void ErrorAlLeer(const Resultado& fallo);
+  void DejarCarga();
   void DarFocoAPrincipal();
   bool HayArchivoActual() const;
   bool MuestraArchivo() const;

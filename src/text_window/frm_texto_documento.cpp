@@ -41,26 +41,45 @@ void FrmTexto::QuedarSinArchivo() {
 }
 
 // Everything is read before the window changes, so that a failure leaves it as it was.
-void FrmTexto::CargarArchivo() {
+bool FrmTexto::CargarArchivo() {
   if (!HayArchivoActual()) {
-    return;
+    return true;
   }
-  auto lector = LectorArchivo::Abrir(gral_.ArchivoActual, LectorArchivo::SiFalta::Crear);
-  const Resultado leido = lector.Bien() ? documento_.Cargar(lector.Valor()) : lector.Fallo();
+  const Resultado leido = LeerArchivoActual();
+  if (leido.Codigo() == ECANCELED) {
+    DejarCarga();
+    return false;
+  }
   if (!leido.Bien()) {
     ErrorAlLeer(leido);
-    return;
+    return true;
   }
   CajaVisible().setFocus();
   EsconderGuardar();
   PonerArchivo(gral_.ArchivoActual);
   AvisarDeCopias(escritorio_.mensajes, *this, gral_.ArchivoActual);
   principal_.DarFoco();
+  return true;
+}
+
+Resultado FrmTexto::LeerArchivoActual() {
+  auto lector = LectorArchivo::Abrir(gral_.ArchivoActual, LectorArchivo::SiFalta::Crear);
+  if (!lector.Bien()) {
+    return lector.Fallo();
+  }
+  const QString nombre = gral_.ArchivoActual.section(SeparadorRuta, -1);
+  return documento_.Cargar(lector.Valor(),
+                           escritorio_.esperas.Empezar(*this, QStringLiteral("Leyendo el archivo…"),
+                                                       nombre, lector.Valor().Tamano()));
+}
+
+void FrmTexto::ErrorAlLeer(const Resultado& fallo) {
+  escritorio_.mensajes.Critico(*this, fallo.Motivo(), QStringLiteral("ERROR AL LEER EL ARCHIVO"));
+  DejarCarga();
 }
 
 // The current file is again the one that the window names; a caption that names none leaves none.
-void FrmTexto::ErrorAlLeer(const Resultado& fallo) {
-  escritorio_.mensajes.Critico(*this, fallo.Motivo(), QStringLiteral("ERROR AL LEER EL ARCHIVO"));
+void FrmTexto::DejarCarga() {
   gral_.ArchivoActual = MuestraArchivo() ? Titulo().mid(PrefijoTitulo.size()) : QString();
   principal_.DarFoco();
 }
@@ -123,9 +142,10 @@ void FrmTexto::CmdCancelar_Click() {
   if (Titulo() == TituloNuevo) {
     PonerSinArchivo(TituloSinArchivo);
   }
-  CargarArchivo();
-  CajaVisible().setFocus();
-  EsconderGuardar();
+  if (CargarArchivo()) {
+    CajaVisible().setFocus();
+    EsconderGuardar();
+  }
 }
 
 CajaTexto& FrmTexto::CajaVisible() {

@@ -89,6 +89,16 @@ struct UnidadesFalsas : UnidadesReales {
   QHash<QString, QStringList> inventadas;  // folder -> names, without a disk
 };
 
+struct EsperasFalsas : Esperas {
+  Seguir Empezar(Ventana& /*duena*/, const QString& /*titulo*/, const QString& nombre,
+                 std::size_t /*total*/) override {
+    nombres << nombre;
+    return [this](std::size_t /*hecho*/) { return !dejar; };
+  }
+  QStringList nombres;
+  bool dejar = false;  // the user leaves the work
+};
+
 struct EscritorioFalso {
   Activacion activacion;
   EncimaFalsa encima;
@@ -98,7 +108,8 @@ struct EscritorioFalso {
   PapeleraFalsa papelera;
   AspectoFalso aspecto;
   UnidadesFalsas unidades;
+  EsperasFalsas esperas;
   Escritorio Servicios() {
-    return {activacion, encima, dialogos, mensajes, abridor, papelera, aspecto, unidades};
+    return {activacion, encima, dialogos, mensajes, abridor, papelera, aspecto, unidades, esperas};
   }
 };

@@ -177,6 +177,22 @@ TEST_F(Documentos, what_cannot_be_read_is_reported_and_changes_nothing) {
   EXPECT_EQ(EnDisco("a"), "Xtexto");
 }
 
+TEST_F(Documentos, a_load_that_the_user_leaves_changes_nothing_and_says_nothing) {
+  const QString a = Archivo("a", "texto");
+  Abrir(a);
+  Escribir("X");
+  escritorio.esperas.dejar = true;
+  Abrir(Archivo("largo", "otro"));
+  Texto()->CmdCancelar_Click();
+  EXPECT_EQ(escritorio.esperas.nombres, (QStringList{"a", "largo", "a"}));
+  EXPECT_TRUE(escritorio.mensajes.titulos.isEmpty());
+  EXPECT_EQ(EnCaja(), "Xtexto");
+  EXPECT_EQ(Titulo(), "Archivo: " + a);
+  EXPECT_TRUE(Panel());
+  EXPECT_EQ(gral->ArchivoActual, a);
+  EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
+}
+
 TEST_F(Documentos, a_failed_load_without_a_file_leaves_no_file) {
   Abrir(Ruta(""));
   Texto()->DarFoco();

@@ -177,6 +177,15 @@ TEST(Documento, a_read_that_fails_leaves_the_old_text) {
       LectorArchivo::Abrir(QStringLiteral("/proc/self/pagemap"), LectorArchivo::SiFalta::Fallar);
   ASSERT_TRUE(sin_fondo.Bien());
   EXPECT_EQ(documento.Cargar(sin_fondo.Valor()).Codigo(), EFBIG);
+  auto programa =
+      LectorArchivo::Abrir(QStringLiteral("/proc/self/exe"), LectorArchivo::SiFalta::Fallar);
+  std::vector<std::size_t> leidos;
+  const auto seguir = [&](std::size_t hasta) {
+    return (leidos.push_back(hasta), leidos.size() < 2);
+  };
+  EXPECT_EQ(documento.Cargar(programa.Valor(), seguir).Codigo(), ECANCELED);
+  ASSERT_EQ(leidos.size(), 2);
+  EXPECT_LT(leidos[0], leidos[1]);
   EXPECT_EQ(Todo(documento), "antes");
 }
 
