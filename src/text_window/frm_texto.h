@@ -66,12 +66,13 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   void PonerSinArchivo(const QString& titulo);
   void MostrarTextoNuevo();
   void QuedarSinArchivo();
-  Resultado LeerArchivoActual();
+  Resultado Leer(const QString& archivo);
   void ErrorAlLeer(const Resultado& fallo);
   void DejarCarga();
   void DarFocoAPrincipal();
   bool HayArchivoActual() const;
   bool MuestraArchivo() const;
+  QString ArchivoMostrado() const;
 
   bool TeclaCaracter() override;
   void TeclaSuprimir() override;

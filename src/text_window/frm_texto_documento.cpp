@@ -14,6 +14,10 @@ bool FrmTexto::MuestraArchivo() const {
   return Titulo() != TituloSinArchivo && Titulo() != TituloNuevo;
 }
 
+QString FrmTexto::ArchivoMostrado() const {
+  return MuestraArchivo() ? Titulo().mid(PrefijoTitulo.size()) : QString();
+}
+
 // What the caption names is what is in the window; where it names none, the next file is loaded,
 // whichever it is.
 void FrmTexto::PonerArchivo(const QString& archivo) {
@@ -40,12 +44,14 @@ void FrmTexto::QuedarSinArchivo() {
   PonerSinArchivo(TituloSinArchivo);
 }
 
-// Everything is read before the window changes, so that a failure leaves it as it was.
+// Everything is read before the window changes, so that a failure leaves it as it was. A screen
+// reader can press what the dialog stands before, so ArchivoActual may be another afterwards.
 bool FrmTexto::CargarArchivo() {
   if (!HayArchivoActual()) {
     return true;
   }
-  const Resultado leido = LeerArchivoActual();
+  const QString archivo = gral_.ArchivoActual;
+  const Resultado leido = Leer(archivo);
   if (leido.Codigo() == ECANCELED) {
     DejarCarga();
     return false;
@@ -56,18 +62,18 @@ bool FrmTexto::CargarArchivo() {
   }
   CajaVisible().setFocus();
   EsconderGuardar();
-  PonerArchivo(gral_.ArchivoActual);
-  AvisarDeCopias(escritorio_.mensajes, *this, gral_.ArchivoActual);
+  PonerArchivo(archivo);
+  AvisarDeCopias(escritorio_.mensajes, *this, archivo);
   principal_.DarFoco();
   return true;
 }
 
-Resultado FrmTexto::LeerArchivoActual() {
-  auto lector = LectorArchivo::Abrir(gral_.ArchivoActual, LectorArchivo::SiFalta::Crear);
+Resultado FrmTexto::Leer(const QString& archivo) {
+  auto lector = LectorArchivo::Abrir(archivo, LectorArchivo::SiFalta::Crear);
   if (!lector.Bien()) {
     return lector.Fallo();
   }
-  const QString nombre = gral_.ArchivoActual.section(SeparadorRuta, -1);
+  const QString nombre = archivo.section(SeparadorRuta, -1);
   return documento_.Cargar(lector.Valor(),
                            escritorio_.esperas.Empezar(*this, QStringLiteral("Leyendo el archivo…"),
                                                        nombre, lector.Valor().Tamano()));
@@ -80,7 +86,7 @@ void FrmTexto::ErrorAlLeer(const Resultado& fallo) {
 
 // The current file is again the one that the window names; a caption that names none leaves none.
 void FrmTexto::DejarCarga() {
-  gral_.ArchivoActual = MuestraArchivo() ? Titulo().mid(PrefijoTitulo.size()) : QString();
+  gral_.ArchivoActual = ArchivoMostrado();
   principal_.DarFoco();
 }
 
@@ -121,15 +127,16 @@ void FrmTexto::CmdGuardar_Click() {
     gral_.ArchivoNuevo = false;
     gral_.GuardarComo = true;
   } else {
+    const QString archivo = ArchivoMostrado();  // while another is being read, not that one
     const Resultado guardado =
-        ReemplazarArchivo(gral_.ArchivoActual, documento_.Texto().Tramos(), Duracion::Sincronizada);
+        ReemplazarArchivo(archivo, documento_.Texto().Tramos(), Duracion::Sincronizada);
     if (!guardado.Bien()) {
       escritorio_.mensajes.Critico(*this, guardado.Motivo(),
                                    QStringLiteral("ERROR AL GUARDAR EL ARCHIVO"));
       principal_.DarFoco();
       return;
     }
-    PonerArchivo(gral_.ArchivoActual);
+    PonerArchivo(archivo);
   }
   CajaVisible().setFocus();
   EsconderGuardar();

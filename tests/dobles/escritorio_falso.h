@@ -93,10 +93,10 @@ struct EsperasFalsas : Esperas {
   Seguir Empezar(Ventana& /*duena*/, const QString& /*titulo*/, const QString& nombre,
                  std::size_t /*total*/) override {
     nombres << nombre;
-    return [this](std::size_t /*hecho*/) { return !dejar; };
+    return [this](std::size_t /*hecho*/) { return seguir(); };
   }
   QStringList nombres;
-  bool dejar = false;  // the user leaves the work
+  std::function<bool()> seguir = [] { return true; };  // what happens meanwhile; false: left
 };
 
 struct EscritorioFalso {

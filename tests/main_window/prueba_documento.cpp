@@ -181,7 +181,7 @@ TEST_F(Documentos, a_load_that_the_user_leaves_changes_nothing_and_says_nothing)
   const QString a = Archivo("a", "texto");
   Abrir(a);
   Escribir("X");
-  escritorio.esperas.dejar = true;
+  escritorio.esperas.seguir = [] { return false; };
   Abrir(Archivo("largo", "otro"));
   Texto()->CmdCancelar_Click();
   EXPECT_EQ(escritorio.esperas.nombres, (QStringList{"a", "largo", "a"}));
@@ -191,6 +191,22 @@ TEST_F(Documentos, a_load_that_the_user_leaves_changes_nothing_and_says_nothing)
   EXPECT_TRUE(Panel());
   EXPECT_EQ(gral->ArchivoActual, a);
   EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
+}
+
+TEST_F(Documentos, what_is_saved_and_chosen_while_another_is_read_does_not_meet_it) {
+  const QString a = Archivo("a", "texto");
+  Abrir(a);
+  Escribir("X");
+  escritorio.esperas.seguir = [&] {
+    Texto()->CmdGuardar_Click();
+    gral->ArchivoActual = a;
+    return true;
+  };
+  Abrir(Archivo("largo", "otro"));
+  EXPECT_EQ(EnDisco("a"), "Xtexto");
+  EXPECT_EQ(EnDisco("largo"), "otro");
+  EXPECT_EQ(EnCaja(), "otro");
+  EXPECT_EQ(Titulo(), "Archivo: " + Ruta("largo"));
 }
 
 TEST_F(Documentos, a_failed_load_without_a_file_leaves_no_file) {
