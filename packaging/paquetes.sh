@@ -6,14 +6,15 @@
 # desktop without XWayland is a package of its own.
 PAQUETES_CONSTRUIR=(
   g++ cmake ninja-build pkg-config
-  qt6-base-dev qt6-wayland qt6-svg-dev qt6-translations-l10n libglib2.0-dev fonts-liberation
+  qt6-base-dev qt6-wayland qt6-svg-dev qt6-translations-l10n libglib2.0-dev libxcb1-dev
+  fonts-liberation
   libgtest-dev libgmock-dev libbenchmark-dev
 )
 
-# A desktop without a screen: X server, window manager, message bus, screen reader's bus, mouse
+# A desktop without a screen: X server, two window managers, message bus, screen reader's bus, mouse
 # and keys from a script.
 PAQUETES_ESCRITORIO=(
-  xvfb openbox dbus-daemon at-spi2-core
+  xvfb openbox jwm dbus-daemon at-spi2-core
   xdotool wmctrl x11-utils x11-xkb-utils xclip imagemagick
   python3 python3-pyatspi
 )

@@ -40,7 +40,8 @@ class FrmMain : public Ventana {
   void AgregarArchivo();  // lists the file of ArchivoActual, or selects its entry
   void ListBox_Click();
   void ListBox_KeyDown(int codigo);  // 46 is Delete
-  void AbrirFavoritas(const QStringList& carpetas);             // lists the text files of the favourite folders
+  void AbrirFavoritas(
+      const QStringList& carpetas);  // lists the text files of the favourite folders
   void TmrError_Timer();
 
  protected:
