@@ -1,7 +1,6 @@
 #include "text_box/accesible_caja.h"
 
 #include <algorithm>
-#include <limits>
 
 #include <QAccessible>
 
@@ -9,16 +8,17 @@
 
 namespace {
 
-int Entero(Posicion pos) {
-  return static_cast<int>(std::min<Posicion>(pos, std::numeric_limits<int>::max()));
-}
-
 QAccessibleInterface* Fabricar(const QString& /*clase*/, QObject* objeto) {
   auto* caja = qobject_cast<CajaTexto*>(objeto);
   return caja ? new AccesibleCaja(caja) : nullptr;
 }
 
 }  // namespace
+
+void AccesibleCaja::Instalar() {
+  static const bool hecho = (QAccessible::installFactory(Fabricar), true);
+  Q_UNUSED(hecho)
+}
 
 AccesibleCaja::AccesibleCaja(CajaTexto* caja)
     : QAccessibleWidget(caja, QAccessible::EditableText) {}
@@ -50,8 +50,8 @@ QAccessible::State AccesibleCaja::state() const {
 void AccesibleCaja::selection(int indice, int* desde, int* hasta) const {
   const auto [menor, mayor] = std::minmax({Caja().Cursor(), Caja().Ancla()});
   const bool hay = indice == 0 && menor != mayor;
-  *desde = hay ? Entero(menor) : 0;
-  *hasta = hay ? Entero(mayor) : 0;
+  *desde = hay ? EnteroAccesible(menor) : 0;
+  *hasta = hay ? EnteroAccesible(mayor) : 0;
 }
 
 int AccesibleCaja::selectionCount() const {
@@ -71,7 +71,7 @@ void AccesibleCaja::setSelection(int indice, int desde, int hasta) {
 }
 
 int AccesibleCaja::cursorPosition() const {
-  return Entero(Caja().Cursor());
+  return EnteroAccesible(Caja().Cursor());
 }
 
 void AccesibleCaja::setCursorPosition(int pos) {
@@ -105,8 +105,8 @@ Tramo AccesibleCaja::Unidad(Posicion pos, QAccessible::TextBoundaryType unidad) 
 }
 
 QString AccesibleCaja::Responder(const Tramo& tramo, int* desde, int* hasta) const {
-  *desde = Entero(tramo.desde);
-  *hasta = Entero(tramo.hasta);
+  *desde = EnteroAccesible(tramo.desde);
+  *hasta = EnteroAccesible(tramo.hasta);
   return text(*desde, *hasta);
 }
 
@@ -133,7 +133,7 @@ QString AccesibleCaja::textAfterOffset(int pos, QAccessible::TextBoundaryType un
 }
 
 int AccesibleCaja::characterCount() const {
-  return Entero(Texto().Tamano());
+  return EnteroAccesible(Texto().Tamano());
 }
 
 // Nothing for a character that is out of sight.
@@ -155,7 +155,7 @@ QRect AccesibleCaja::characterRect(int pos) const {
 int AccesibleCaja::offsetAtPoint(const QPoint& punto) const {
   const QPoint dentro = Caja().viewport()->mapFromGlobal(punto);
   if (!Caja().isVisible() || !Caja().viewport()->rect().contains(dentro)) return -1;
-  return Entero(Caja().Vista().EnPunto(dentro).pos);
+  return EnteroAccesible(Caja().Vista().EnPunto(dentro).pos);
 }
 
 void AccesibleCaja::scrollToSubstring(int desde, int /*hasta*/) {
@@ -179,42 +179,4 @@ void AccesibleCaja::insertText(int pos, const QString& texto) {
 void AccesibleCaja::replaceText(int desde, int hasta, const QString& texto) {
   const Posicion inicio = Dentro(desde);
   Caja().CambiarTramo(inicio, std::max(inicio, Dentro(hasta)), texto);
-}
-
-void CajaTexto::HacerAccesible() {
-  static const bool hecho = (QAccessible::installFactory(Fabricar), true);
-  Q_UNUSED(hecho)
-}
-
-void CajaTexto::AvisarCursor() {
-  if (!QAccessible::isActive() || !isVisible()) return;
-  if (HaySeleccion() || seleccion_avisada_) {
-    QAccessibleTextSelectionEvent seleccion(this, Entero(Desde()), Entero(Hasta()));
-    seleccion.setCursorPosition(Entero(cursor_.pos));
-    QAccessible::updateAccessibility(&seleccion);
-    seleccion_avisada_ = HaySeleccion();
-  }
-  QAccessibleTextCursorEvent cursor(this, Entero(cursor_.pos));
-  QAccessible::updateAccessibility(&cursor);
-}
-
-// Text removed by another hand than this box's is gone already: blanks stand for it.
-void CajaTexto::AvisarCambio(const Cambio& cambio) {
-  QByteArray quitado = std::exchange(por_quitar_, {});
-  if (!QAccessible::isActive() || !isVisible()) return;
-  const Posicion cuanto = std::min(cambio.quitados, MaximoLeido);
-  if (quitado.size() != cuanto) quitado = QByteArray(cuanto, ' ');  // changed in another box
-  const QString viejo = PaginaCodigos::ATexto(quitado);
-  const QString nuevo = TextoEntre(cambio.pos, cambio.pos + std::min(cambio.puestos, MaximoLeido));
-  const int pos = Entero(cambio.pos);
-  if (viejo.isEmpty()) {
-    QAccessibleTextInsertEvent evento(this, pos, nuevo);
-    QAccessible::updateAccessibility(&evento);
-  } else if (nuevo.isEmpty()) {
-    QAccessibleTextRemoveEvent evento(this, pos, viejo);
-    QAccessible::updateAccessibility(&evento);
-  } else {
-    QAccessibleTextUpdateEvent evento(this, pos, viejo, nuevo);
-    QAccessible::updateAccessibility(&evento);
-  }
 }

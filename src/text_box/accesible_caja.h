@@ -9,6 +9,7 @@ class AccesibleCaja : public QAccessibleWidget,
                       public QAccessibleTextInterface,
                       public QAccessibleEditableTextInterface {
  public:
+  static void Instalar();  // boxes made from now on are seen
   explicit AccesibleCaja(CajaTexto* caja);
 
   void* interface_cast(QAccessible::InterfaceType tipo) override;

@@ -9,7 +9,6 @@
 #include "text_box/texto_externo.h"
 
 void CajaTexto::ArrastrarTexto() {
-  raton_.gesto = Raton::Gesto::Ninguno;
   auto* arrastre = new QDrag(this);
   const QPointer<CajaTexto> caja(this);  // its window may be closed meanwhile
   arrastre->setParent(qApp);             // the drag goes on then
@@ -55,7 +54,7 @@ void CajaTexto::dropEvent(QDropEvent* evento) {
   const bool propio = evento->source() == this || evento->source() == viewport();
   if (propio && evento->dropAction() == Qt::MoveAction) return MoverElegido(pos);
   if (Cambiar(pos, pos, Recibir(*evento->mimeData()), Agrupacion::Sola)) {
-    PonerCursor(cursor_.pos, pos);
+    PonerCursor(cursor_.Pos(), pos);
   }
   setFocus(Qt::MouseFocusReason);
 }

@@ -1,7 +1,6 @@
 // What changes the text, and the clipboard.
 #include <new>
 
-#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
@@ -18,10 +17,10 @@ bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes,
 bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, std::optional<Pieza> nueva,
                         Agrupacion agrupacion) {
   if (!nueva || solo_lectura_ || (desde == hasta && nueva->Vacia())) return false;
-  Recordar(desde, hasta);
+  avisos_.PorQuitar(desde, hasta);
   const Posicion fin = desde + nueva->tamano;
   documento_.Reemplazar(desde, hasta - desde, std::move(*nueva), agrupacion);
-  Colocar({fin, false}, Seleccion::Quitar);
+  Llevar({fin, false}, Seleccion::Quitar);
   return true;
 }
 
@@ -71,28 +70,22 @@ void CajaTexto::CambiarTramo(Posicion desde, Posicion hasta, const QString& text
   Cambiar(desde, hasta, Recibir(texto), Agrupacion::Sola);
 }
 
-// Once the text has changed nobody can say what was there.
-void CajaTexto::Recordar(Posicion desde, Posicion hasta) {
-  if (!QAccessible::isActive()) return;
-  por_quitar_ = documento_.Copia(desde, std::min(hasta, desde + MaximoLeido));
-}
-
 void CajaTexto::Deshacer() {
   const Cambio cambio = documento_.PorDeshacer();
   if (solo_lectura_ || cambio.pos < 0) return;
-  Recordar(cambio.pos, cambio.pos + cambio.quitados);
+  avisos_.PorQuitar(cambio.pos, cambio.pos + cambio.quitados);
   IrA(documento_.Deshacer());
 }
 
 void CajaTexto::Rehacer() {
   const Cambio cambio = documento_.PorRehacer();
   if (solo_lectura_ || cambio.pos < 0) return;
-  Recordar(cambio.pos, cambio.pos + cambio.quitados);
+  avisos_.PorQuitar(cambio.pos, cambio.pos + cambio.quitados);
   IrA(documento_.Rehacer());
 }
 
 void CajaTexto::IrA(const Cambio& cambio) {
-  Colocar({cambio.pos + cambio.puestos, false}, Seleccion::Quitar);
+  Llevar({cambio.pos + cambio.puestos, false}, Seleccion::Quitar);
 }
 
 void CajaTexto::Eliminar() {
@@ -118,12 +111,10 @@ void CajaTexto::PegarDatos(const QMimeData* datos) {
 }
 
 void CajaTexto::ElegirTodo() {
-  documento_.CerrarGrupo();
-  ancla_ = 0;
   // Everything is selected where the user is: no scrolling to the end.
   const Posicion arriba = encuadre_.Arriba();
   const std::int64_t x = encuadre_.X();
-  Colocar({documento_.Tamano(), false}, Seleccion::Extender);
+  PonerCursor(documento_.Tamano(), 0);
   encuadre_.PonerArriba(arriba);
   RodarX(x);
   OfrecerSeleccion();

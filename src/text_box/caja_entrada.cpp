@@ -24,7 +24,7 @@ void CajaTexto::Confirmar(const QInputMethodEvent& evento) {
   const QByteArray bytes = DeFuera(evento.commitString(), documento_.FinDeLinea());
   if (evento.replacementLength() <= 0) return Escribir(bytes);
   const Posicion tamano = documento_.Tamano();
-  const Posicion desde = std::clamp<Posicion>(cursor_.pos + evento.replacementStart(), 0, tamano);
+  const Posicion desde = std::clamp<Posicion>(cursor_.Pos() + evento.replacementStart(), 0, tamano);
   const Posicion hasta = std::clamp<Posicion>(desde + evento.replacementLength(), desde, tamano);
   Cambiar(desde, hasta, bytes, Agrupacion::Escribir);
 }
@@ -43,8 +43,8 @@ QVariant CajaTexto::inputMethodQuery(Qt::InputMethodQuery pregunta) const {
     case Qt::ImCursorRectangle:
       return RectanguloCursor().translated(viewport()->pos());
     case Qt::ImAnchorRectangle:
-      return encuadre_.Cerca({ancla_, false})
-                 ? encuadre_.Rectangulo({ancla_, false}).translated(viewport()->pos())
+      return encuadre_.Cerca({Ancla(), false})
+                 ? encuadre_.Rectangulo({Ancla(), false}).translated(viewport()->pos())
                  : QRect();
     case Qt::ImFont:
       return fuente_;
@@ -56,23 +56,23 @@ QVariant CajaTexto::inputMethodQuery(Qt::InputMethodQuery pregunta) const {
 }
 
 QVariant CajaTexto::TextoParaMetodo(Qt::InputMethodQuery pregunta) const {
-  const Posicion desde = std::max<Posicion>(0, cursor_.pos - Alrededor);
-  const Posicion hasta = std::min<Posicion>(documento_.Tamano(), cursor_.pos + Alrededor);
+  const Posicion desde = std::max<Posicion>(0, cursor_.Pos() - Alrededor);
+  const Posicion hasta = std::min<Posicion>(documento_.Tamano(), cursor_.Pos() + Alrededor);
   switch (pregunta) {
     case Qt::ImSurroundingText:
       return TextoEntre(desde, hasta);
     case Qt::ImCursorPosition:
-      return static_cast<int>(cursor_.pos - desde);
+      return static_cast<int>(cursor_.Pos() - desde);
     case Qt::ImAnchorPosition:
-      return static_cast<int>(std::clamp(ancla_, desde, hasta) - desde);
+      return static_cast<int>(std::clamp(Ancla(), desde, hasta) - desde);
     case Qt::ImAbsolutePosition:
-      return static_cast<int>(std::min<Posicion>(cursor_.pos, INT_MAX));
+      return static_cast<int>(std::min<Posicion>(cursor_.Pos(), INT_MAX));
     case Qt::ImCurrentSelection:
       return TextoEntre(std::max(Desde(), desde), std::min(Hasta(), hasta));
     case Qt::ImTextBeforeCursor:
-      return TextoEntre(desde, cursor_.pos);
+      return TextoEntre(desde, cursor_.Pos());
     case Qt::ImTextAfterCursor:
-      return TextoEntre(cursor_.pos, hasta);
+      return TextoEntre(cursor_.Pos(), hasta);
     default:
       return QAbstractScrollArea::inputMethodQuery(pregunta);
   }

@@ -19,7 +19,7 @@ void CajaTexto::PintarFilas(QPainter& pintor) {
   if (Vacia() && composicion_.Vacia()) return;
   PintorTexto filas(pintor, documento_.Texto(), encuadre_, aspecto_);
   const Renglones& reparto = encuadre_.Reparto();
-  const Posicion compuesta = composicion_.Vacia() ? -1 : encuadre_.FilaDe(cursor_);
+  const Posicion compuesta = composicion_.Vacia() ? -1 : encuadre_.FilaDe(cursor_.Donde());
   PintorTexto::Fila fila{encuadre_.Arriba(), Encuadre::Margen, Desde(), Hasta()};
   while (fila.y < viewport()->height() && fila.inicio >= 0) {
     if (fila.inicio == compuesta) {
@@ -35,7 +35,7 @@ void CajaTexto::PintarFilas(QPainter& pintor) {
 // The row with the text under composition: what follows the caret makes room for it.
 void CajaTexto::PintarCompuesta(QPainter& pintor, PintorTexto& filas,
                                 const PintorTexto::Fila& fila) {
-  const QRect cursor = encuadre_.Rectangulo(cursor_);
+  const QRect cursor = encuadre_.Rectangulo(cursor_.Donde());
   const int ancho = qCeil(composicion_.Ancho());
   pintor.save();
   pintor.setClipRect(QRect(0, cursor.top(), cursor.left(), cursor.height()));
@@ -55,8 +55,8 @@ void CajaTexto::PintarCursor(QPainter& pintor, const QRect& sitio) const {
 
 // An empty rectangle where an input method hides the caret, or its row is not known yet.
 QRect CajaTexto::RectanguloCursor() const {
-  if (!encuadre_.Cerca(cursor_)) return {};
-  const QRect sitio = encuadre_.Rectangulo(cursor_);
+  if (!encuadre_.Cerca(cursor_.Donde())) return {};
+  const QRect sitio = encuadre_.Rectangulo(cursor_.Donde());
   if (composicion_.Vacia()) return sitio;
   const std::optional<qreal> x = composicion_.XCursor();
   return x ? sitio.translated(qRound(*x), 0) : QRect();

@@ -40,7 +40,7 @@ bool CajaTexto::Avisar(Aviso aviso) {
 
 void CajaTexto::Editar(Orden orden, const QString& texto) {
   const Bytes& bytes = documento_.Texto();
-  const Posicion pos = cursor_.pos;
+  const Posicion pos = cursor_.Pos();
   switch (orden) {
     case Orden::Escribir:
       return Escribir(DeFuera(texto, documento_.FinDeLinea()));
@@ -91,67 +91,20 @@ void CajaTexto::Escribir(const QByteArray& bytes) {
 }
 
 bool CajaTexto::Mover(const Tecla& tecla) {
-  const auto seleccion = tecla.extender ? Seleccion::Extender : Seleccion::Quitar;
-  switch (tecla.orden) {
-    case Orden::FilaArriba:
-      MoverFilas(-1, seleccion);
-      break;
-    case Orden::FilaAbajo:
-      MoverFilas(1, seleccion);
-      break;
-    case Orden::PaginaArriba:
-      MoverPagina(-1, seleccion);
-      break;
-    case Orden::PaginaAbajo:
-      MoverPagina(1, seleccion);
-      break;
-    default:
-      const std::optional<Lugar> destino = Destino(tecla);
-      if (!destino) return false;
-      Colocar(*destino, seleccion);
-  }
+  if (!MoverPagina(tecla) && !cursor_.Mover(tecla)) return false;
+  CursorMovido();
   documento_.CerrarGrupo();
   if (tecla.extender) OfrecerSeleccion();
   return true;
 }
 
-std::optional<Lugar> CajaTexto::Destino(const Tecla& tecla) const {
-  const Bytes& texto = documento_.Texto();
-  const bool quitar = HaySeleccion() && !tecla.extender;
-  switch (tecla.orden) {
-    case Orden::Izquierda:
-      return Lugar{quitar ? Desde() : PasoIzquierda(texto, cursor_.pos), false};
-    case Orden::Derecha:
-      return Lugar{quitar ? Hasta() : PasoDerecha(texto, cursor_.pos), false};
-    case Orden::PalabraIzquierda:
-      return Lugar{PalabraIzquierda(texto, cursor_.pos), false};
-    case Orden::PalabraDerecha:
-      return Lugar{PalabraDerecha(texto, cursor_.pos), false};
-    case Orden::InicioFila:
-      return Lugar{encuadre_.FilaDe(cursor_), false};
-    case Orden::FinFila:
-      return encuadre_.FinDeFila(encuadre_.FilaDe(cursor_));
-    case Orden::InicioTexto:
-      return Lugar{0, false};
-    case Orden::FinTexto:
-      return Lugar{texto.Tamano(), false};
-    default:
-      return std::nullopt;
-  }
-}
-
-// The x that moving up and down began with is kept over shorter rows.
-void CajaTexto::MoverFilas(std::int64_t filas, Seleccion seleccion) {
-  const Punto x = columna_.value_or(encuadre_.XDe(cursor_));
-  const Posicion fila = encuadre_.FilaDe(cursor_);
-  const Posicion otra = encuadre_.Andar(fila, filas);
-  Colocar(otra == fila ? cursor_ : encuadre_.EnFila(otra, x), seleccion, Columna::Conservar);
-  columna_ = x;
-}
-
-void CajaTexto::MoverPagina(int sentido, Seleccion seleccion) {
-  const int filas = sentido * std::max(1, encuadre_.FilasVisibles() - 1);
-  encuadre_.Mostrar(cursor_);
+// The text rolls with the caret; false for another key.
+bool CajaTexto::MoverPagina(const Tecla& tecla) {
+  if (tecla.orden != Orden::PaginaArriba && tecla.orden != Orden::PaginaAbajo) return false;
+  const int pagina = std::max(1, encuadre_.FilasVisibles() - 1);
+  const int filas = tecla.orden == Orden::PaginaArriba ? -pagina : pagina;
+  encuadre_.Mostrar(cursor_.Donde());
   encuadre_.Desplazar(filas);
-  MoverFilas(filas, seleccion);
+  cursor_.MoverFilas(filas, tecla.extender ? Seleccion::Extender : Seleccion::Quitar);
+  return true;
 }

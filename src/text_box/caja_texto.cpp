@@ -9,17 +9,12 @@
 #include <QScrollBar>
 #include <QTimerEvent>
 
+#include "text_box/accesible_caja.h"
+
 namespace {
 
 constexpr int MilisegundosTrabajo = 8;
 constexpr int PasoHorizontal = 20;  // pixels
-
-// Where a position that is not the change's own comes to lie.
-Posicion Desplazada(Posicion pos, const Cambio& cambio) {
-  if (pos <= cambio.pos) return pos;
-  return std::max(cambio.pos, pos - cambio.quitados) +
-         (pos >= cambio.pos + cambio.quitados ? cambio.puestos : 0);
-}
 
 }  // namespace
 
@@ -37,7 +32,7 @@ CajaTexto::CajaTexto(Documento& documento, Ajuste ajuste, QWidget* padre)
   setAcceptDrops(true);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   viewport()->setCursor(Qt::IBeamCursor);
-  HacerAccesible();
+  AccesibleCaja::Instalar();
   PonerFuente(font());
   PonerColores(Qt::black, Qt::white);
   Conectar();
@@ -55,6 +50,7 @@ void CajaTexto::Conectar() {
   });
   connect(horizontalScrollBar(), &QScrollBar::valueChanged, this,
           [this] { RodarX(horizontal_.Valor()); });
+  connect(&gestos_, &GestosRaton::TocaRodar, this, &CajaTexto::RodarAlArrastrar);
 }
 
 void CajaTexto::PonerOyente(OyenteTeclas* oyente) {
@@ -69,7 +65,7 @@ void CajaTexto::PonerSoloLectura(bool solo_lectura) {
 void CajaTexto::PonerFuente(const QFont& fuente) {
   fuente_ = fuente;
   encuadre_.PonerFuente(fuente);
-  columna_.reset();
+  cursor_.OlvidarColumna();
   Redibujar();
 }
 
@@ -79,10 +75,9 @@ void CajaTexto::PonerColores(const QColor& texto, const QColor& fondo) {
 }
 
 void CajaTexto::PonerCursor(Posicion cursor, Posicion ancla) {
-  const Bytes& texto = documento_.Texto();
-  ancla_ = FueraDeFinDeLinea(texto, std::clamp<Posicion>(ancla, 0, texto.Tamano()));
   documento_.CerrarGrupo();
-  Colocar({cursor, false}, Seleccion::Extender);
+  cursor_.Elegir(ancla, {cursor, false});
+  CursorMovido();
 }
 
 Posicion CajaTexto::Arriba() const {
@@ -95,12 +90,8 @@ void CajaTexto::PonerArriba(Posicion pos) {
   Redibujar();
 }
 
-void CajaTexto::Colocar(const Lugar& lugar, Seleccion seleccion, Columna columna) {
-  const Bytes& texto = documento_.Texto();
-  const Posicion pos = std::clamp<Posicion>(lugar.pos, 0, texto.Tamano());
-  cursor_ = {FueraDeFinDeLinea(texto, pos), lugar.al_final};
-  if (seleccion == Seleccion::Quitar) ancla_ = cursor_.pos;
-  if (columna == Columna::Olvidar) columna_.reset();
+void CajaTexto::Llevar(const Lugar& lugar, Seleccion seleccion) {
+  cursor_.Llevar(lugar, seleccion);
   CursorMovido();
 }
 
@@ -109,32 +100,27 @@ void CajaTexto::CursorMovido() {
   ReiniciarParpadeo();
   Redibujar();
   updateMicroFocus();
-  AvisarCursor();
+  avisos_.CursorMovido(cursor_.Pos(), cursor_.Elegido());
 }
 
 // Later where that cannot be done yet.
 void CajaTexto::MostrarCursor() {
-  mostrar_cursor_ = !Vacia() && (!isVisible() || !encuadre_.Cerca(cursor_));
-  if (!mostrar_cursor_ && !Vacia()) encuadre_.Mostrar(cursor_);
+  mostrar_cursor_ = !Vacia() && (!isVisible() || !encuadre_.Cerca(cursor_.Donde()));
+  if (!mostrar_cursor_ && !Vacia()) encuadre_.Mostrar(cursor_.Donde());
 }
 
 void CajaTexto::Reemplazado(const Cambio& cambio) {
   encuadre_.Reemplazado(cambio, isVisible());
-  const Bytes& texto = documento_.Texto();
-  cursor_ = {FueraDeFinDeLinea(texto, Desplazada(cursor_.pos, cambio)), false};
-  ancla_ = FueraDeFinDeLinea(texto, Desplazada(ancla_, cambio));
-  columna_.reset();
+  cursor_.Reemplazado(cambio);
   Redibujar();
-  AvisarCambio(cambio);
+  avisos_.Cambiado(cambio);
 }
 
 void CajaTexto::Recargado() {
   encuadre_.Recargado();
-  cursor_ = {};
-  ancla_ = 0;
-  columna_.reset();
+  cursor_.Recargado();
   mostrar_cursor_ = false;
-  raton_.gesto = Raton::Gesto::Ninguno;
+  gestos_.Soltar();
   if (!composicion_.Vacia()) {
     composicion_.Quitar();
     QGuiApplication::inputMethod()->reset();
@@ -194,8 +180,7 @@ void CajaTexto::showEvent(QShowEvent* evento) {
 void CajaTexto::hideEvent(QHideEvent* evento) {
   QAbstractScrollArea::hideEvent(evento);
   reloj_trabajo_.stop();
-  reloj_arrastre_.stop();
-  raton_.gesto = Raton::Gesto::Ninguno;
+  gestos_.Soltar();
 }
 
 void CajaTexto::timerEvent(QTimerEvent* evento) {
@@ -205,8 +190,6 @@ void CajaTexto::timerEvent(QTimerEvent* evento) {
   } else if (reloj == reloj_parpadeo_.timerId()) {
     cursor_encendido_ = !cursor_encendido_;
     viewport()->update(RectanguloCursor().adjusted(-1, 0, 1, 0));
-  } else if (reloj == reloj_arrastre_.timerId()) {
-    RodarAlArrastrar();
   } else {
     QAbstractScrollArea::timerEvent(evento);
   }

@@ -7,16 +7,18 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QColor>
-#include <QElapsedTimer>
 #include <QFont>
 
 #include "text_box/aspecto_caja.h"
+#include "text_box/avisos_accesibles.h"
 #include "text_box/barra_larga.h"
 #include "text_box/composicion.h"
+#include "text_box/cursor_texto.h"
 #include "text_box/documento.h"
 #include "text_box/encuadre.h"
-#include "text_box/movimiento.h"
+#include "text_box/gestos_raton.h"
 #include "text_box/pintor_texto.h"
+#include "text_box/rueda_raton.h"
 #include "text_box/teclas.h"
 
 class QMimeData;
@@ -55,8 +57,8 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   QColor ColorFondo() const { return aspecto_.fondo; }
 
   // Positions beyond the text count as its end; the caret never rests between CR and LF.
-  Posicion Cursor() const { return cursor_.pos; }  // byte offset of the caret
-  Posicion Ancla() const { return ancla_; }        // the other end of the selection, or Cursor()
+  Posicion Cursor() const { return cursor_.Pos(); }   // byte offset of the caret
+  Posicion Ancla() const { return cursor_.Ancla(); }  // the other end of the selection, or Cursor()
   void PonerCursor(Posicion cursor, Posicion ancla);
   Posicion Arriba() const;  // byte offset of the first visible row
   void PonerArriba(Posicion pos);
@@ -105,17 +107,15 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   void ActualizarBarras();
   void RodarX(std::int64_t x);
   void RodarFilas(std::int64_t filas);
-  enum class Seleccion { Quitar, Extender };
-  enum class Columna { Olvidar, Conservar };
-  void Colocar(const Lugar& lugar, Seleccion seleccion, Columna columna = Columna::Olvidar);
+  void Llevar(const Lugar& lugar, Seleccion seleccion);  // the caret, and shows it
   void CursorMovido();
   // Its first picture asks for neither rows nor font: every start shows it.
   bool Vacia() const { return documento_.Tamano() == 0; }
   void MostrarCursor();
   void Trabajar();  // on what is not known yet of the rows
-  Posicion Desde() const { return std::min(cursor_.pos, ancla_); }
-  Posicion Hasta() const { return std::max(cursor_.pos, ancla_); }
-  bool HaySeleccion() const { return cursor_.pos != ancla_; }
+  Posicion Desde() const { return cursor_.Elegido().desde; }
+  Posicion Hasta() const { return cursor_.Elegido().hasta; }
+  bool HaySeleccion() const { return cursor_.HaySeleccion(); }
 
   // caja_pintura.cpp
   void PintarFilas(QPainter& pintor);
@@ -133,7 +133,6 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   template <typename Traer>
   std::optional<Pieza> SiCabe(Traer traer);
   void Borrar(Posicion desde, Posicion hasta);
-  void Recordar(Posicion desde, Posicion hasta);  // for AvisarCambio
   void Deshacer();
   void Rehacer();
   void IrA(const Cambio& cambio);
@@ -152,9 +151,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   void Mandar(Orden orden);
   void Escribir(const QByteArray& bytes);
   bool Mover(const Tecla& tecla);
-  std::optional<Lugar> Destino(const Tecla& tecla) const;
-  void MoverFilas(std::int64_t filas, Seleccion seleccion);
-  void MoverPagina(int sentido, Seleccion seleccion);
+  bool MoverPagina(const Tecla& tecla);
 
   // caja_entrada.cpp
   void Confirmar(const QInputMethodEvent& evento);
@@ -165,22 +162,12 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   void MostrarMenu(const QPoint& global);
 
   // caja_raton.cpp and caja_arrastre.cpp
-  enum class Grano { Caracter, Palabra, Linea };
-  Tramo TramoEn(Posicion pos, Grano grano) const;
-  void EmpezarSeleccion(const Lugar& lugar, Grano grano);
-  void ExtenderSeleccion(const QPoint& punto);
-  bool EnSeleccion(const QPoint& punto) const;
+  void Elegir(const std::optional<GestosRaton::Eleccion>& eleccion);
   void RodarAlArrastrar();
   void PegarPrimaria(const QPoint& punto);
   void ArrastrarTexto();
   bool AceptaTexto(const QDropEvent& evento) const;
   void MoverElegido(Posicion pos);
-
-  // accesible_caja.cpp: screen readers
-  static constexpr Posicion MaximoLeido = 1 << 16;  // bytes: no reader reads more aloud
-  static void HacerAccesible();
-  void AvisarCursor();
-  void AvisarCambio(const Cambio& cambio);
 
   Documento& documento_;
   Encuadre encuadre_;
@@ -191,28 +178,15 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   BarraLarga vertical_;
   BarraLarga horizontal_;
 
-  Lugar cursor_;
-  Posicion ancla_ = 0;
-  std::optional<Punto> columna_;   // the x that moving up and down keeps to
+  CursorTexto cursor_{documento_, encuadre_};
   bool mostrar_cursor_ = false;    // to be scrolled to when the box is shown, or the row known
   bool cursor_encendido_ = false;  // the lit half of its blinking
   Composicion composicion_;
-  bool seleccion_avisada_ = false;  // screen readers know of one
-  QByteArray por_quitar_;           // what is about to be removed, for screen readers
-
-  struct Raton {
-    enum class Gesto { Ninguno, Elegir, QuizaArrastrar };
-    Gesto gesto = Gesto::Ninguno;
-    Grano grano = Grano::Caracter;
-    Tramo origen;  // what the gesture selected first
-    QPoint pulsado;
-    QElapsedTimer doble;  // since the last double click
-    QPoint rueda;         // what is left of the wheel's last turn
-  };
-  Raton raton_;
+  AvisosAccesibles avisos_{*this, documento_};
+  GestosRaton gestos_{documento_, encuadre_};
+  RuedaRaton rueda_;
   std::optional<Posicion> soltar_;  // where dragged text would land
 
   QBasicTimer reloj_parpadeo_;
   QBasicTimer reloj_trabajo_;
-  QBasicTimer reloj_arrastre_;
 };

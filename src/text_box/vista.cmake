@@ -1,6 +1,7 @@
 # The view: what is painted, and what keys and mouse do.
 set(VISTA_TEXTO
-  accesible_caja.cpp aspecto_caja.cpp barra_larga.cpp caja_arrastre.cpp caja_edicion.cpp
-  caja_entrada.cpp caja_menu.cpp caja_pintura.cpp caja_raton.cpp caja_teclas.cpp caja_texto.cpp
-  caja_texto.h composicion.cpp encuadre.cpp movimiento.cpp pintor_texto.cpp tabla_glifos.cpp
-  teclas.cpp texto_externo.cpp texto_externo.h)
+  accesible_caja.cpp aspecto_caja.cpp avisos_accesibles.cpp barra_larga.cpp caja_arrastre.cpp
+  caja_edicion.cpp caja_entrada.cpp caja_menu.cpp caja_pintura.cpp caja_raton.cpp caja_teclas.cpp
+  caja_texto.cpp caja_texto.h composicion.cpp cursor_texto.cpp encuadre.cpp gestos_raton.cpp
+  gestos_raton.h movimiento.cpp pintor_texto.cpp rueda_raton.cpp tabla_glifos.cpp teclas.cpp
+  texto_externo.cpp texto_externo.h)
