@@ -10,7 +10,6 @@
 #include "platform/dibujos.h"
 #include "platform/fuentes.h"
 #include "platform/imagen.h"
-#include "shared/pagina_codigos.h"
 #include "text_box/caja_texto.h"
 
 namespace {
@@ -138,7 +137,7 @@ void FrmBorrar::CrearEtiquetas() {
 
 // Its letters are as narrow as the row of hyphens needs to stay one row.
 void FrmBorrar::CrearAyuda() {
-  ayuda_.Poner(PaginaCodigos::ABytes(TextoAyuda).toStdString());
+  ayuda_.PonerTexto(TextoAyuda);
   TxtAyuda = new CajaTexto(ayuda_, CajaTexto::Ajuste::AlAncho, this);
   TxtAyuda->setObjectName(QStringLiteral("TxtAyuda"));
   TxtAyuda->setAccessibleName(QStringLiteral("Ayuda"));

@@ -4,7 +4,7 @@
 
 #include <QAccessible>
 
-#include "shared/pagina_codigos.h"
+#include "text_box/texto_externo.h"
 
 namespace {
 
@@ -27,8 +27,12 @@ CajaTexto& AccesibleCaja::Caja() const {
   return static_cast<CajaTexto&>(*widget());
 }
 
-Posicion AccesibleCaja::Dentro(Posicion pos) const {
-  return std::clamp<Posicion>(pos, 0, Texto().Tamano());
+int AccesibleCaja::Contar(Posicion pos) const {
+  return CaracteresHasta(Texto(), pos);
+}
+
+Posicion AccesibleCaja::Dentro(int caracter) const {
+  return TrasCaracteres(Texto(), 0, caracter);
 }
 
 void* AccesibleCaja::interface_cast(QAccessible::InterfaceType tipo) {
@@ -50,8 +54,8 @@ QAccessible::State AccesibleCaja::state() const {
 void AccesibleCaja::selection(int indice, int* desde, int* hasta) const {
   const auto [menor, mayor] = std::minmax({Caja().Cursor(), Caja().Ancla()});
   const bool hay = indice == 0 && menor != mayor;
-  *desde = hay ? EnteroAccesible(menor) : 0;
-  *hasta = hay ? EnteroAccesible(mayor) : 0;
+  *desde = hay ? Contar(menor) : 0;
+  *hasta = hay ? Contar(mayor) : 0;
 }
 
 int AccesibleCaja::selectionCount() const {
@@ -67,26 +71,25 @@ void AccesibleCaja::removeSelection(int indice) {
 }
 
 void AccesibleCaja::setSelection(int indice, int desde, int hasta) {
-  if (indice == 0) Caja().PonerCursor(hasta, desde);
+  if (indice == 0) Caja().PonerCursor(Dentro(hasta), Dentro(desde));
 }
 
 int AccesibleCaja::cursorPosition() const {
-  return EnteroAccesible(Caja().Cursor());
+  return Contar(Caja().Cursor());
 }
 
 void AccesibleCaja::setCursorPosition(int pos) {
-  Caja().PonerCursor(pos, pos);
+  Caja().PonerCursor(Dentro(pos), Dentro(pos));
 }
 
 QString AccesibleCaja::text(int desde, int hasta) const {
-  const Posicion inicio = Dentro(desde);
-  return PaginaCodigos::ATexto(Caja().Texto().Copia(inicio, std::max(inicio, Dentro(hasta))));
+  return TextoEntre(Texto(), Dentro(desde), Dentro(hasta));
 }
 
 Tramo AccesibleCaja::Unidad(Posicion pos, QAccessible::TextBoundaryType unidad) const {
   const Posicion tamano = Texto().Tamano();
   const auto hasta = [tamano](Posicion siguiente) { return siguiente < 0 ? tamano : siguiente; };
-  const Lineas& lineas = Caja().Texto().LineasDelTexto();
+  const Lineas& lineas = Texto().LineasDelTexto();
   switch (unidad) {
     case QAccessible::CharBoundary:
       return {pos, PasoDerecha(Texto(), pos)};
@@ -105,8 +108,8 @@ Tramo AccesibleCaja::Unidad(Posicion pos, QAccessible::TextBoundaryType unidad) 
 }
 
 QString AccesibleCaja::Responder(const Tramo& tramo, int* desde, int* hasta) const {
-  *desde = EnteroAccesible(tramo.desde);
-  *hasta = EnteroAccesible(tramo.hasta);
+  *desde = Contar(tramo.desde);
+  *hasta = Contar(tramo.hasta);
   return text(*desde, *hasta);
 }
 
@@ -133,7 +136,7 @@ QString AccesibleCaja::textAfterOffset(int pos, QAccessible::TextBoundaryType un
 }
 
 int AccesibleCaja::characterCount() const {
-  return EnteroAccesible(Texto().Tamano());
+  return Contar(Texto().Tamano());
 }
 
 // Nothing for a character that is out of sight.
@@ -145,8 +148,8 @@ QRect AccesibleCaja::characterRect(int pos) const {
   const Posicion fila = vista.FilaDe(lugar);
   const Posicion fin = vista.Reparto().FinDe(fila);
   if (lugar.pos < fin) {
-    sitio.setWidth(
-        static_cast<int>((vista.Reparto().XDe(fila, lugar.pos + 1) - vista.XDe(lugar)) / 64));
+    sitio.setWidth(static_cast<int>(
+        (vista.Reparto().XDe(fila, PasoDerecha(Texto(), lugar.pos)) - vista.XDe(lugar)) / 64));
   }
   if (!sitio.intersects(QRect(QPoint(), vista.Tamano()))) return {};
   return sitio.translated(Caja().viewport()->mapToGlobal(QPoint()));
@@ -155,7 +158,7 @@ QRect AccesibleCaja::characterRect(int pos) const {
 int AccesibleCaja::offsetAtPoint(const QPoint& punto) const {
   const QPoint dentro = Caja().viewport()->mapFromGlobal(punto);
   if (!Caja().isVisible() || !Caja().viewport()->rect().contains(dentro)) return -1;
-  return EnteroAccesible(Caja().Vista().EnPunto(dentro).pos);
+  return Contar(Caja().Vista().EnPunto(dentro).pos);
 }
 
 void AccesibleCaja::scrollToSubstring(int desde, int /*hasta*/) {

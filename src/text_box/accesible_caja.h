@@ -1,4 +1,4 @@
-// A text box as screen readers see it. Offsets are bytes: one byte is one character.
+// A text box as screen readers see it. They count characters, the text counts bytes.
 #pragma once
 
 #include <QAccessibleWidget>
@@ -43,8 +43,9 @@ class AccesibleCaja : public QAccessibleWidget,
 
  private:
   CajaTexto& Caja() const;
-  const Bytes& Texto() const { return Caja().Texto().Texto(); }
-  Posicion Dentro(Posicion pos) const;  // a position of the text, whatever was asked for
+  const Documento& Texto() const { return Caja().Texto(); }
+  int Contar(Posicion pos) const;
+  Posicion Dentro(int caracter) const;  // a position of the text, whatever was asked for
   Tramo Unidad(Posicion pos, QAccessible::TextBoundaryType unidad) const;
   QString Responder(const Tramo& tramo, int* desde, int* hasta) const;
 };

@@ -1,19 +1,14 @@
 #include "text_box/avisos_accesibles.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 #include <QAccessible>
 
-#include "shared/pagina_codigos.h"
+#include "text_box/texto_externo.h"
 
 namespace {
 constexpr Posicion MaximoLeido = 1 << 16;  // bytes: no reader reads more aloud
-}
-
-int EnteroAccesible(Posicion pos) {
-  return static_cast<int>(std::min<Posicion>(pos, std::numeric_limits<int>::max()));
 }
 
 bool AvisosAccesibles::Callan() const {
@@ -24,13 +19,13 @@ void AvisosAccesibles::CursorMovido(Posicion cursor, const Tramo& elegido) {
   if (Callan()) return;
   const bool hay = elegido.desde != elegido.hasta;
   if (hay || seleccion_avisada_) {
-    QAccessibleTextSelectionEvent seleccion(&caja_, EnteroAccesible(elegido.desde),
-                                            EnteroAccesible(elegido.hasta));
-    seleccion.setCursorPosition(EnteroAccesible(cursor));
+    QAccessibleTextSelectionEvent seleccion(&caja_, CaracteresHasta(documento_, elegido.desde),
+                                            CaracteresHasta(documento_, elegido.hasta));
+    seleccion.setCursorPosition(CaracteresHasta(documento_, cursor));
     QAccessible::updateAccessibility(&seleccion);
     seleccion_avisada_ = hay;
   }
-  QAccessibleTextCursorEvent movido(&caja_, EnteroAccesible(cursor));
+  QAccessibleTextCursorEvent movido(&caja_, CaracteresHasta(documento_, cursor));
   QAccessible::updateAccessibility(&movido);
 }
 
@@ -45,10 +40,10 @@ void AvisosAccesibles::Cambiado(const Cambio& cambio) {
   if (Callan()) return;
   const Posicion cuanto = std::min(cambio.quitados, MaximoLeido);
   if (quitado.size() != cuanto) quitado = QByteArray(cuanto, ' ');  // changed in another box
-  const QString viejo = PaginaCodigos::ATexto(quitado);
-  const QString nuevo = PaginaCodigos::ATexto(
-      documento_.Copia(cambio.pos, cambio.pos + std::min(cambio.puestos, MaximoLeido)));
-  const int pos = EnteroAccesible(cambio.pos);
+  const QString viejo = documento_.CodificacionDelTexto().ATexto(quitado);
+  const QString nuevo =
+      TextoEntre(documento_, cambio.pos, cambio.pos + std::min(cambio.puestos, MaximoLeido));
+  const int pos = CaracteresHasta(documento_, cambio.pos);
   if (viejo.isEmpty()) {
     QAccessibleTextInsertEvent evento(&caja_, pos, nuevo);
     QAccessible::updateAccessibility(&evento);

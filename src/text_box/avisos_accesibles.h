@@ -28,6 +28,3 @@ class AvisosAccesibles {
   bool seleccion_avisada_ = false;  // they know of one
   QByteArray por_quitar_;
 };
-
-// A position as screen readers count, as far as they can.
-int EnteroAccesible(Posicion pos);

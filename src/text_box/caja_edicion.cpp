@@ -47,11 +47,11 @@ std::optional<Pieza> CajaTexto::Recibir(const QMimeData& datos) {
   const std::string_view fin = documento_.FinDeLinea();
   const auto* propios = qobject_cast<const DatosTexto*>(&datos);
   if (propios && propios->SoloFin(fin)) return propios->LaPieza();
-  return SiCabe([&] { return Guardar(DeFuera(datos, fin)); });
+  return SiCabe([&] { return Guardar(DeFuera(datos, documento_)); });
 }
 
 std::optional<Pieza> CajaTexto::Recibir(const QString& texto) {
-  return SiCabe([&] { return Guardar(DeFuera(texto, documento_.FinDeLinea())); });
+  return SiCabe([&] { return Guardar(DeFuera(texto, documento_)); });
 }
 
 void CajaTexto::Borrar(Posicion desde, Posicion hasta) {
@@ -121,7 +121,7 @@ void CajaTexto::ElegirTodo() {
 }
 
 QMimeData* CajaTexto::DatosElegidos() const {
-  return new DatosTexto(documento_.Extracto(Desde(), Hasta()));
+  return new DatosTexto(documento_.Extracto(Desde(), Hasta()), documento_.CodificacionDelTexto());
 }
 
 void CajaTexto::OfrecerSeleccion() {

@@ -1,9 +1,6 @@
 // Input methods: dead keys, compose, text under composition.
-#include <climits>
-
 #include <QInputMethodEvent>
 
-#include "shared/pagina_codigos.h"
 #include "text_box/caja_texto.h"
 #include "text_box/texto_externo.h"
 
@@ -21,17 +18,11 @@ void CajaTexto::inputMethodEvent(QInputMethodEvent* evento) {
 }
 
 void CajaTexto::Confirmar(const QInputMethodEvent& evento) {
-  const QByteArray bytes = DeFuera(evento.commitString(), documento_.FinDeLinea());
+  const QByteArray bytes = DeFuera(evento.commitString(), documento_);
   if (evento.replacementLength() <= 0) return Escribir(bytes);
-  const Posicion tamano = documento_.Tamano();
-  const Posicion desde = std::clamp<Posicion>(cursor_.Pos() + evento.replacementStart(), 0, tamano);
-  const Posicion hasta = std::clamp<Posicion>(desde + evento.replacementLength(), desde, tamano);
+  const Posicion desde = TrasCaracteres(documento_, Cursor(), evento.replacementStart());
+  const Posicion hasta = TrasCaracteres(documento_, desde, evento.replacementLength());
   Cambiar(desde, hasta, bytes, Agrupacion::Escribir);
-}
-
-// What surrounds the caret, in characters as in bytes.
-QString CajaTexto::TextoEntre(Posicion desde, Posicion hasta) const {
-  return PaginaCodigos::ATexto(documento_.Copia(desde, std::max(desde, hasta)));
 }
 
 QVariant CajaTexto::inputMethodQuery(Qt::InputMethodQuery pregunta) const {
@@ -55,24 +46,26 @@ QVariant CajaTexto::inputMethodQuery(Qt::InputMethodQuery pregunta) const {
   }
 }
 
+// What surrounds the caret.
 QVariant CajaTexto::TextoParaMetodo(Qt::InputMethodQuery pregunta) const {
-  const Posicion desde = std::max<Posicion>(0, cursor_.Pos() - Alrededor);
-  const Posicion hasta = std::min<Posicion>(documento_.Tamano(), cursor_.Pos() + Alrededor);
+  const Posicion desde = std::max<Posicion>(0, Cursor() - Alrededor);
+  const Posicion hasta = std::min<Posicion>(documento_.Tamano(), Cursor() + Alrededor);
+  const Posicion ancla = std::clamp(Ancla(), desde, hasta);
   switch (pregunta) {
     case Qt::ImSurroundingText:
-      return TextoEntre(desde, hasta);
+      return TextoEntre(documento_, desde, hasta);
     case Qt::ImCursorPosition:
-      return static_cast<int>(cursor_.Pos() - desde);
+      return static_cast<int>(TextoEntre(documento_, desde, Cursor()).size());
     case Qt::ImAnchorPosition:
-      return static_cast<int>(std::clamp(Ancla(), desde, hasta) - desde);
+      return static_cast<int>(TextoEntre(documento_, desde, ancla).size());
     case Qt::ImAbsolutePosition:
-      return static_cast<int>(std::min<Posicion>(cursor_.Pos(), INT_MAX));
+      return CaracteresHasta(documento_, Cursor());
     case Qt::ImCurrentSelection:
-      return TextoEntre(std::max(Desde(), desde), std::min(Hasta(), hasta));
+      return TextoEntre(documento_, std::min(ancla, Cursor()), std::max(ancla, Cursor()));
     case Qt::ImTextBeforeCursor:
-      return TextoEntre(desde, cursor_.Pos());
+      return TextoEntre(documento_, desde, Cursor());
     case Qt::ImTextAfterCursor:
-      return TextoEntre(cursor_.Pos(), hasta);
+      return TextoEntre(documento_, Cursor(), hasta);
     default:
       return QAbstractScrollArea::inputMethodQuery(pregunta);
   }

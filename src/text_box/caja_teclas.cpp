@@ -39,23 +39,22 @@ bool CajaTexto::Avisar(Aviso aviso) {
 }
 
 void CajaTexto::Editar(Orden orden, const QString& texto) {
-  const Bytes& bytes = documento_.Texto();
   const Posicion pos = cursor_.Pos();
   switch (orden) {
     case Orden::Escribir:
-      return Escribir(DeFuera(texto, documento_.FinDeLinea()));
+      return Escribir(DeFuera(texto, documento_));
     case Orden::Enter:
       return Escribir(QByteArray::fromStdString(std::string(documento_.FinDeLinea())));
     case Orden::Tabulador:
       return Escribir("\t");
     case Orden::Retroceso:
-      return Borrar(PasoIzquierda(bytes, pos), pos);
+      return Borrar(PasoIzquierda(documento_, pos), pos);
     case Orden::RetrocesoPalabra:
-      return Borrar(PalabraIzquierda(bytes, pos), pos);
+      return Borrar(PalabraIzquierda(documento_, pos), pos);
     case Orden::Suprimir:
-      return Borrar(pos, PasoDerecha(bytes, pos));
+      return Borrar(pos, PasoDerecha(documento_, pos));
     case Orden::SuprimirPalabra:
-      return Borrar(pos, PalabraDerecha(bytes, pos));
+      return Borrar(pos, PalabraDerecha(documento_, pos));
     default:
       return Mandar(orden);
   }

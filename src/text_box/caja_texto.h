@@ -155,7 +155,6 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
 
   // caja_entrada.cpp
   void Confirmar(const QInputMethodEvent& evento);
-  QString TextoEntre(Posicion desde, Posicion hasta) const;
   QVariant TextoParaMetodo(Qt::InputMethodQuery pregunta) const;
 
   // caja_menu.cpp

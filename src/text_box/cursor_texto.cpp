@@ -14,7 +14,7 @@ Posicion Desplazada(Posicion pos, const Cambio& cambio) {
 }  // namespace
 
 Posicion CursorTexto::Dentro(Posicion pos) const {
-  return FueraDeFinDeLinea(documento_.Texto(), std::clamp<Posicion>(pos, 0, documento_.Tamano()));
+  return FueraDeFinDeLinea(documento_, std::clamp<Posicion>(pos, 0, documento_.Tamano()));
 }
 
 void CursorTexto::Llevar(const Lugar& lugar, Seleccion seleccion) {
@@ -52,17 +52,16 @@ bool CursorTexto::Mover(const Tecla& tecla) {
 }
 
 std::optional<Lugar> CursorTexto::Destino(const Tecla& tecla) const {
-  const Bytes& texto = documento_.Texto();
   const bool quitar = HaySeleccion() && !tecla.extender;
   switch (tecla.orden) {
     case Orden::Izquierda:
-      return Lugar{quitar ? Elegido().desde : PasoIzquierda(texto, Pos()), false};
+      return Lugar{quitar ? Elegido().desde : PasoIzquierda(documento_, Pos()), false};
     case Orden::Derecha:
-      return Lugar{quitar ? Elegido().hasta : PasoDerecha(texto, Pos()), false};
+      return Lugar{quitar ? Elegido().hasta : PasoDerecha(documento_, Pos()), false};
     case Orden::PalabraIzquierda:
-      return Lugar{PalabraIzquierda(texto, Pos()), false};
+      return Lugar{PalabraIzquierda(documento_, Pos()), false};
     case Orden::PalabraDerecha:
-      return Lugar{PalabraDerecha(texto, Pos()), false};
+      return Lugar{PalabraDerecha(documento_, Pos()), false};
     case Orden::InicioFila:
       return Lugar{encuadre_.FilaDe(cursor_), false};
     case Orden::FinFila:
@@ -70,7 +69,7 @@ std::optional<Lugar> CursorTexto::Destino(const Tecla& tecla) const {
     case Orden::InicioTexto:
       return Lugar{0, false};
     case Orden::FinTexto:
-      return Lugar{texto.Tamano(), false};
+      return Lugar{documento_.Tamano(), false};
     default:
       return std::nullopt;
   }

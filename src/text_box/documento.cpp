@@ -28,6 +28,11 @@ void Documento::Poner(std::string_view bytes) {
   Sustituir(std::move(nuevos), contador.Terminar());
 }
 
+void Documento::PonerTexto(QStringView texto) {
+  const QByteArray bytes = codificacion_.ABytes(texto);
+  Poner({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
 void Documento::Sustituir(Bytes&& bytes, Sumas&& lineas) {
   bytes_ = std::move(bytes);
   lineas_.Adoptar(std::move(lineas));

@@ -12,6 +12,7 @@
 #include "shared/archivo.h"
 #include "shared/texto_entero.h"
 #include "text_box/bytes.h"
+#include "text_box/codificacion.h"
 #include "text_box/historial.h"
 #include "text_box/lineas.h"
 
@@ -37,10 +38,12 @@ class Documento {
   Resultado Cargar(LectorArchivo& lector, const Seguir& seguir = {});
   void Vaciar();
   void Poner(std::string_view bytes);  // a whole new text; undo is emptied
+  void PonerTexto(QStringView texto);  // the same of characters
 
   Posicion Tamano() const { return bytes_.Tamano(); }
   const Bytes& Texto() const { return bytes_; }
   const Lineas& LineasDelTexto() const { return lineas_; }
+  const Codificacion& CodificacionDelTexto() const { return codificacion_; }
   QByteArray Copia(Posicion desde, Posicion hasta) const;
   QByteArray Copia() const { return Copia(0, Tamano()); }
   TextoEntero Entero() const;  // as it is now, where it lies
@@ -79,6 +82,7 @@ class Documento {
 
   Bytes bytes_;
   Lineas lineas_{bytes_};
+  Codificacion codificacion_;
   Historial historial_;
   std::vector<Observador*> observadores_;
 };

@@ -23,7 +23,7 @@ void Encuadre::PonerFuente(const QFont& fuente) {
 }
 
 const TablaGlifos& Encuadre::Tabla() const {
-  if (!tabla_) tabla_.emplace(fuente_);
+  if (!tabla_) tabla_.emplace(fuente_, documento_.CodificacionDelTexto());
   return *tabla_;
 }
 

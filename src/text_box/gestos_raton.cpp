@@ -21,12 +21,11 @@ bool GestosRaton::SobreElegido(const QPoint& punto, const Tramo& elegido) const 
 }
 
 Tramo GestosRaton::TramoEn(Posicion pos, Grano grano) const {
-  const Bytes& texto = documento_.Texto();
   const Lineas& lineas = documento_.LineasDelTexto();
-  if (grano == Grano::Palabra) return PalabraEn(texto, pos);
+  if (grano == Grano::Palabra) return PalabraEn(documento_, pos);
   if (grano == Grano::Caracter) return {pos, pos};
   const Posicion siguiente = lineas.Siguiente(pos);
-  return {lineas.InicioDe(pos), siguiente < 0 ? texto.Tamano() : siguiente};
+  return {lineas.InicioDe(pos), siguiente < 0 ? documento_.Tamano() : siguiente};
 }
 
 GestosRaton::Eleccion GestosRaton::Empezar(const Lugar& lugar, Grano grano) {

@@ -7,8 +7,6 @@
 #include <QTextLayout>
 #include <QtMath>
 
-#include "shared/pagina_codigos.h"
-
 namespace {
 
 constexpr int BlancosPorTabulador = 8;
@@ -32,21 +30,21 @@ void Maquetar(QTextLayout& maqueta) {
 
 }  // namespace
 
-TablaGlifos::TablaGlifos(const QFont& fuente) {
+TablaGlifos::TablaGlifos(const QFont& fuente, const Codificacion& codificacion) {
   QFont llana = fuente;
   llana.setKerning(false);
   fuentes_.push_back(QRawFont::fromFont(llana));
   Medir(fuente);
   QString caracteres(256, u'\0');
   for (int byte = 0; byte < 256; ++byte)
-    caracteres[byte] = PaginaCodigos::ATexto(static_cast<unsigned char>(byte));
+    caracteres[byte] = codificacion.Caracter(static_cast<unsigned char>(byte));
   const QList<quint32> glifos = fuentes_[0].glyphIndexesForString(caracteres);
   const QList<QPointF> avances = fuentes_[0].advancesForGlyphIndexes(glifos);
   for (int byte = 0; byte < 256; ++byte) {
     if (EsControl(caracteres[byte].unicode())) {
       entradas_[byte].fuente = Marca;
     } else if (glifos.value(byte) == 0) {
-      Sustituir(static_cast<unsigned char>(byte), llana);
+      Sustituir(static_cast<unsigned char>(byte), caracteres[byte].unicode(), llana);
     } else {
       entradas_[byte].glifo = glifos[byte];
       avances_.ancho[byte] = EnPuntos(avances.value(byte).x());
@@ -74,8 +72,8 @@ void TablaGlifos::Medir(const QFont& fuente) {
   tachado_ = linea.ascent() / 3;
 }
 
-void TablaGlifos::Sustituir(unsigned char byte, const QFont& fuente) {
-  QTextLayout maqueta(QString(QChar(PaginaCodigos::ATexto(byte))), fuente);
+void TablaGlifos::Sustituir(unsigned char byte, char16_t caracter, const QFont& fuente) {
+  QTextLayout maqueta(QString(QChar(caracter)), fuente);
   Maquetar(maqueta);
   const QList<QGlyphRun> trazos = maqueta.glyphRuns();
   if (trazos.isEmpty() || trazos[0].glyphIndexes().size() != 1) {

@@ -8,6 +8,7 @@
 #include <QFont>
 #include <QRawFont>
 
+#include "text_box/codificacion.h"
 #include "text_box/renglones.h"
 
 class TablaGlifos {
@@ -21,7 +22,7 @@ class TablaGlifos {
 
   // Kerning and ligatures are off; a character that `fuente` lacks comes from the font that the
   // system puts in its place.
-  explicit TablaGlifos(const QFont& fuente);
+  TablaGlifos(const QFont& fuente, const Codificacion& codificacion);
 
   const Entrada& De(unsigned char byte) const { return entradas_[byte]; }
   const QRawFont& Fuente(std::uint8_t indice) const { return fuentes_[indice]; }
@@ -40,7 +41,7 @@ class TablaGlifos {
 
  private:
   void Medir(const QFont& fuente);
-  void Sustituir(unsigned char byte, const QFont& fuente);
+  void Sustituir(unsigned char byte, char16_t caracter, const QFont& fuente);
   std::uint8_t IndiceFuente(const QRawFont& cruda);
 
   std::array<Entrada, 256> entradas_{};

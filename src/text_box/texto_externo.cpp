@@ -1,11 +1,10 @@
 #include "text_box/texto_externo.h"
 
 #include <algorithm>
-#include <array>
+#include <limits>
 
 #include <QUrl>
 
-#include "shared/pagina_codigos.h"
 #include "text_box/rastreo.h"
 
 namespace {
@@ -60,28 +59,39 @@ QString Compuesto(const QString& texto) {
 
 }  // namespace
 
-QByteArray DeFuera(const QString& texto, std::string_view fin_de_linea) {
+QByteArray DeFuera(const QString& texto, const Documento& documento) {
   QString entero = Compuesto(texto);
   entero.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
   entero.replace(QChar::LineSeparator, QLatin1Char('\n'));
-  return ConFinales(PaginaCodigos::ABytes(entero), Vista(fin_de_linea));
+  return ConFinales(documento.CodificacionDelTexto().ABytes(entero), Vista(documento.FinDeLinea()));
 }
 
-QByteArray DeFuera(const QMimeData& datos, std::string_view fin_de_linea) {
+QByteArray DeFuera(const QMimeData& datos, const Documento& documento) {
   const auto* propios = qobject_cast<const DatosTexto*>(&datos);
-  return propios ? ConFinales(Copia(propios->LaPieza()), Vista(fin_de_linea))
-                 : DeFuera(datos.text(), fin_de_linea);
+  return propios ? ConFinales(Copia(propios->LaPieza()), Vista(documento.FinDeLinea()))
+                 : DeFuera(datos.text(), documento);
 }
 
-QString ParaFuera(const Pieza& pieza) {
-  const std::array<char16_t, 256>& tabla = PaginaCodigos::Tabla();
+QString TextoEntre(const Documento& documento, Posicion desde, Posicion hasta) {
+  return documento.CodificacionDelTexto().ATexto(documento.Copia(desde, std::max(desde, hasta)));
+}
+
+int CaracteresHasta(const Documento& /*documento*/, Posicion pos) {
+  return static_cast<int>(std::min<Posicion>(pos, std::numeric_limits<int>::max()));
+}
+
+Posicion TrasCaracteres(const Documento& documento, Posicion desde, int caracteres) {
+  return std::clamp<Posicion>(desde + caracteres, 0, documento.Tamano());
+}
+
+QString ParaFuera(const Pieza& pieza, const Codificacion& codificacion) {
   QString texto(static_cast<qsizetype>(pieza.tamano), Qt::Uninitialized);
   QChar* donde = texto.data();
   bool tras_retorno = false;
   for (const Trozo& trozo : pieza.trozos) {
     for (const char byte : trozo.bytes) {
       if (!tras_retorno || byte != '\n') {
-        *donde++ = byte == '\r' ? u'\n' : tabla[static_cast<unsigned char>(byte)];
+        *donde++ = byte == '\r' ? u'\n' : codificacion.Caracter(static_cast<unsigned char>(byte));
       }
       tras_retorno = byte == '\r';
     }
@@ -114,7 +124,8 @@ bool RecuentoFines::Solo(std::string_view fin) const {
   return (fin == "\n" ? cr_ : lf_) == 0;
 }
 
-DatosTexto::DatosTexto(Pieza pieza) : pieza_(std::move(pieza)) {
+DatosTexto::DatosTexto(Pieza pieza, const Codificacion& codificacion)
+    : pieza_(std::move(pieza)), codificacion_(codificacion) {
   if (pieza_.tamano > static_cast<Posicion>(Bocado)) reloj_.start(0, this);
 }
 
@@ -136,7 +147,7 @@ QVariant DatosTexto::retrieveData(const QString& formato, QMetaType /*tipo*/) co
   constexpr std::size_t por_byte = sizeof(QChar) + 3;
   if (formato != TextoLlano) return {};
   if (!Almacen::Hacer(static_cast<std::size_t>(pieza_.tamano) * por_byte)) return {};
-  return ParaFuera(pieza_);
+  return ParaFuera(pieza_, codificacion_);
 }
 
 bool TraeTexto(const QMimeData* datos) {

@@ -1,4 +1,5 @@
-// Text on its way in and out: clipboard, drag and drop, input methods.
+// Text on its way in and out: keys, clipboard, drag and drop, input methods, screen readers. The
+// one place where the bytes of a text become characters of the toolkit's, and these become bytes.
 #pragma once
 
 #include <cstddef>
@@ -9,16 +10,24 @@
 #include <QMimeData>
 #include <QString>
 
+#include "text_box/documento.h"
 #include "text_box/pieza.h"
 
-// The characters of the code page for `texto`, each of its line ends (CR LF, CR, LF or Unicode's
-// own) as `fin_de_linea`. What the code page lacks becomes "?".
-QByteArray DeFuera(const QString& texto, std::string_view fin_de_linea);
+// `texto` in the code page and with the line ends of the document it comes to, whatever its own
+// are (CR LF, CR, LF or Unicode's). What the code page lacks becomes "?".
+QByteArray DeFuera(const QString& texto, const Documento& documento);
 // The same of what the clipboard or a drag brings.
-QByteArray DeFuera(const QMimeData& datos, std::string_view fin_de_linea);
+QByteArray DeFuera(const QMimeData& datos, const Documento& documento);
 
 // The text for other programs: each line end as LF.
-QString ParaFuera(const Pieza& pieza);
+QString ParaFuera(const Pieza& pieza, const Codificacion& codificacion);
+// What stands there, line ends as they are; nothing where `hasta` is before `desde`.
+QString TextoEntre(const Documento& documento, Posicion desde, Posicion hasta);
+
+// Other programs count characters: how many there are before a position, as far as they can, and
+// the position so many after `desde`, or before it, in the text in any case.
+int CaracteresHasta(const Documento& documento, Posicion pos);
+Posicion TrasCaracteres(const Documento& documento, Posicion desde, int caracteres);
 
 // Which forms of line end a piece has, found out bit by bit.
 class RecuentoFines {
@@ -42,7 +51,7 @@ class DatosTexto : public QMimeData {
   Q_OBJECT
 
  public:
-  explicit DatosTexto(Pieza pieza);
+  DatosTexto(Pieza pieza, const Codificacion& codificacion);
   const Pieza& LaPieza() const { return pieza_; }
   bool SoloFin(std::string_view fin) const;  // as RecuentoFines::Solo
   QStringList formats() const override;
@@ -53,6 +62,7 @@ class DatosTexto : public QMimeData {
 
  private:
   Pieza pieza_;
+  Codificacion codificacion_;
   mutable RecuentoFines recuento_;  // of a large piece it goes on while nothing else is to do
   QBasicTimer reloj_;
 };

@@ -23,6 +23,7 @@ FLECHAS = {
 VENTANAS = {"main_window", "text_window", "delete_window", "about_window"}
 DIALOGOS = {"qfiledialog", "qmessagebox", "qdesktopservices", "qfontdialog", "qcolordialog"}
 ARCHIVOS = {"qfile", "qsavefile", "qsettings"}
+PAGINA, QUIEN_LA_PIDE = "shared/pagina_codigos.h", "text_box/codificacion.cpp"  # beside shared
 # The engine of the text box: none of these reaches a header of the toolkit, not even indirectly.
 SIN_QT = {"bytes", "sumas", "trozos", "rastreo", "historial", "lineas", "pluma", "partidor", "pieza",
           "renglones", "renglones_lineas", "renglones_lineas_anchos", "filas", "filas_cambios"}
@@ -53,7 +54,9 @@ def leer(src):
     return incluidos, largos
 
 
-def flecha_mala(carpeta, comilla, nombre):
+def flecha_mala(carpeta, archivo, comilla, nombre):
+    if nombre == PAGINA and carpeta != "shared" and archivo != QUIEN_LA_PIDE:
+        return f"only {QUIEN_LA_PIDE} asks for the code page of a text"
     if comilla == "<" or nombre.endswith(".moc"):
         return None
     destino = nombre.split("/")[0]
@@ -98,7 +101,7 @@ def faltas(src, qtcore):
         if carpeta and carpeta not in FLECHAS:
             malas.append(f"{nombre}: a folder without rules")
         for linea, comilla, otro in lista:
-            porque = flecha_mala(carpeta, comilla, otro) or qt_malo(carpeta, otro, qtcore)
+            porque = flecha_mala(carpeta, nombre, comilla, otro) or qt_malo(carpeta, otro, qtcore)
             if porque:
                 malas.append(f"{nombre}:{linea}: {otro}: {porque}")
         if carpeta == "text_box" and ruta.stem in SIN_QT:
@@ -111,6 +114,7 @@ def faltas(src, qtcore):
 # Files of a made-up tree, and what must be said of it; "" where nothing is wrong.
 CASOS = [
     ({"shared/a.h": '#include "main_window/b.h"'}, "a.h:1: main_window/b.h: shared must not"),
+    ({"delete_window/a.cpp": '#include "shared/pagina_codigos.h"'}, "the code page of a text"),
     ({"platform/a.h": "\n#include <QFile>\n#include \"text_box/b.h\""}, "a.h:3: text_box/b.h"),
     ({"text_box/a.cpp": '#include "platform/b.h"'}, "text_box must not include platform"),
     ({"text_window/a.cpp": '#include "main_window/b.h"'}, "text_window must not include"),
@@ -131,6 +135,7 @@ CASOS = [
       "platform/a.cpp": '#include <QMessageBox>\n#include "shared/b.h"',
       "shared/a.h": "#include <QString>\n#include <vector>\n#include <sys/queue.h>",
       "text_box/filas.h": '#include <vector>\n#include "text_box/bytes.h"',
+      "text_box/codificacion.cpp": '#include "shared/pagina_codigos.h"',
       "text_box/largo.cpp": "\n" * (LINEAS_MAXIMAS - 1)}, ""),
 ]
 

@@ -173,7 +173,7 @@ TEST(CajaEntrada, what_memory_cannot_hold_is_told_and_changes_nothing) {
   EXPECT_EQ(banco.Estado(), "a^b|c");
   EXPECT_EQ(banco.avisos, "mcm");
   QApplication::clipboard()->clear();
-  const DatosTexto enorme({{}, Posicion{1} << 60, 0, {}});
+  const DatosTexto enorme({{}, Posicion{1} << 60, 0, {}}, {});
   EXPECT_EQ(enorme.text(), "") << "asked for by another program";
 }
 
