@@ -86,7 +86,7 @@ QString AccesibleCaja::text(int desde, int hasta) const {
   return TextoEntre(Texto(), Dentro(desde), Dentro(hasta));
 }
 
-Tramo AccesibleCaja::Unidad(Posicion pos, QAccessible::TextBoundaryType unidad) const {
+Rango AccesibleCaja::Unidad(Posicion pos, QAccessible::TextBoundaryType unidad) const {
   const Posicion tamano = Texto().Tamano();
   const auto hasta = [tamano](Posicion siguiente) { return siguiente < 0 ? tamano : siguiente; };
   const Lineas& lineas = Texto().LineasDelTexto();
@@ -107,9 +107,9 @@ Tramo AccesibleCaja::Unidad(Posicion pos, QAccessible::TextBoundaryType unidad) 
   }
 }
 
-QString AccesibleCaja::Responder(const Tramo& tramo, int* desde, int* hasta) const {
-  *desde = Contar(tramo.desde);
-  *hasta = Contar(tramo.hasta);
+QString AccesibleCaja::Responder(const Rango& rango, int* desde, int* hasta) const {
+  *desde = Contar(rango.desde);
+  *hasta = Contar(rango.hasta);
   return text(*desde, *hasta);
 }
 
@@ -120,14 +120,14 @@ QString AccesibleCaja::textAtOffset(int pos, QAccessible::TextBoundaryType unida
 
 QString AccesibleCaja::textBeforeOffset(int pos, QAccessible::TextBoundaryType unidad, int* desde,
                                         int* hasta) const {
-  const Tramo esta = Unidad(Dentro(pos), unidad);
+  const Rango esta = Unidad(Dentro(pos), unidad);
   if (esta.desde == 0) return Responder({0, 0}, desde, hasta);
   return Responder(Unidad(PasoIzquierda(Texto(), esta.desde), unidad), desde, hasta);
 }
 
 QString AccesibleCaja::textAfterOffset(int pos, QAccessible::TextBoundaryType unidad, int* desde,
                                        int* hasta) const {
-  const Tramo esta = Unidad(Dentro(pos), unidad);
+  const Rango esta = Unidad(Dentro(pos), unidad);
   const Posicion tamano = Texto().Tamano();
   if (esta.hasta >= tamano) return Responder({tamano, tamano}, desde, hasta);
   // A line end is in no word: the word after it is meant.
@@ -181,5 +181,5 @@ void AccesibleCaja::insertText(int pos, const QString& texto) {
 
 void AccesibleCaja::replaceText(int desde, int hasta, const QString& texto) {
   const Posicion inicio = Dentro(desde);
-  Caja().CambiarTramo(inicio, std::max(inicio, Dentro(hasta)), texto);
+  Caja().CambiarRango(inicio, std::max(inicio, Dentro(hasta)), texto);
 }

@@ -46,6 +46,6 @@ class AccesibleCaja : public QAccessibleWidget,
   const Documento& Texto() const { return Caja().Texto(); }
   int Contar(Posicion pos) const;
   Posicion Dentro(int caracter) const;  // a position of the text, whatever was asked for
-  Tramo Unidad(Posicion pos, QAccessible::TextBoundaryType unidad) const;
-  QString Responder(const Tramo& tramo, int* desde, int* hasta) const;
+  Rango Unidad(Posicion pos, QAccessible::TextBoundaryType unidad) const;
+  QString Responder(const Rango& rango, int* desde, int* hasta) const;
 };

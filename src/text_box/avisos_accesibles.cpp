@@ -15,7 +15,7 @@ bool AvisosAccesibles::Callan() const {
   return !QAccessible::isActive() || !caja_.isVisible();
 }
 
-void AvisosAccesibles::CursorMovido(Posicion cursor, const Tramo& elegido) {
+void AvisosAccesibles::CursorMovido(Posicion cursor, const Rango& elegido) {
   if (Callan()) return;
   const bool hay = elegido.desde != elegido.hasta;
   if (hay || seleccion_avisada_) {

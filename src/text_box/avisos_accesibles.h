@@ -6,7 +6,6 @@
 #include <QWidget>
 
 #include "text_box/documento.h"
-#include "text_box/movimiento.h"
 
 class AvisosAccesibles {
  public:
@@ -14,7 +13,7 @@ class AvisosAccesibles {
   AvisosAccesibles(QWidget& caja, const Documento& documento)
       : caja_(caja), documento_(documento) {}
 
-  void CursorMovido(Posicion cursor, const Tramo& elegido);
+  void CursorMovido(Posicion cursor, const Rango& elegido);
   // Before the bytes are removed: once they are gone nobody can say what was there. May throw
   // std::bad_alloc.
   void PorQuitar(Posicion desde, Posicion hasta);

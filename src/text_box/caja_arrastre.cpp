@@ -66,8 +66,8 @@ void CajaTexto::MoverElegido(Posicion pos) {
   const Posicion hasta = Hasta();
   if (pos >= desde && pos <= hasta) return;
   const bool atras = pos < desde;
-  const Pieza elegido = documento_.Extracto(desde, hasta);
-  const Pieza paso = atras ? documento_.Extracto(pos, desde) : documento_.Extracto(hasta, pos);
+  const Extracto elegido = documento_.Extraer(desde, hasta);
+  const Extracto paso = atras ? documento_.Extraer(pos, desde) : documento_.Extraer(hasta, pos);
   const Posicion inicio = std::min(pos, desde);
   const Posicion llegada = atras ? pos : inicio + paso.tamano;
   if (Cambiar(inicio, std::max(pos, hasta), atras ? Juntar(elegido, paso) : Juntar(paso, elegido),

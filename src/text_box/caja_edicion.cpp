@@ -14,43 +14,43 @@ bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes,
   return Cambiar(desde, hasta, SiCabe([&] { return Guardar(bytes); }), agrupacion);
 }
 
-bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, std::optional<Pieza> nueva,
+bool CajaTexto::Cambiar(Posicion desde, Posicion hasta, std::optional<Extracto> nuevo,
                         Agrupacion agrupacion) {
-  if (!nueva || solo_lectura_ || (desde == hasta && nueva->Vacia())) return false;
+  if (!nuevo || solo_lectura_ || (desde == hasta && nuevo->Vacia())) return false;
   avisos_.PorQuitar(desde, hasta);
-  const Posicion fin = desde + nueva->tamano;
-  documento_.Reemplazar(desde, hasta - desde, std::move(*nueva), agrupacion);
+  const Posicion fin = desde + nuevo->tamano;
+  documento_.Reemplazar(desde, hasta - desde, std::move(*nuevo), agrupacion);
   Llevar({fin, false}, Seleccion::Quitar);
   return true;
 }
 
 // What `traer` brings; nothing when memory is out, which is told.
 template <typename Traer>
-std::optional<Pieza> CajaTexto::SiCabe(Traer traer) {
-  std::optional<Pieza> pieza;
+std::optional<Extracto> CajaTexto::SiCabe(Traer traer) {
+  std::optional<Extracto> extracto;
   try {
-    pieza = traer();
+    extracto = traer();
   } catch (const std::bad_alloc&) {
-    pieza.reset();
+    extracto.reset();
   }
-  if (!pieza && oyente_) oyente_->FaltaMemoria();
-  return pieza;
+  if (!extracto && oyente_) oyente_->FaltaMemoria();
+  return extracto;
 }
 
-std::optional<Pieza> CajaTexto::Guardar(const QByteArray& bytes) {
+std::optional<Extracto> CajaTexto::Guardar(const QByteArray& bytes) {
   return documento_.Guardar({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 // What the clipboard or a drag brings, with the document's line ends. What comes from a box of
 // ours, with these line ends already, is not even copied.
-std::optional<Pieza> CajaTexto::Recibir(const QMimeData& datos) {
+std::optional<Extracto> CajaTexto::Recibir(const QMimeData& datos) {
   const std::string_view fin = documento_.FinDeLinea();
   const auto* propios = qobject_cast<const DatosTexto*>(&datos);
-  if (propios && propios->SoloFin(fin)) return propios->LaPieza();
+  if (propios && propios->SoloFin(fin)) return propios->ElExtracto();
   return SiCabe([&] { return Guardar(DeFuera(datos, documento_)); });
 }
 
-std::optional<Pieza> CajaTexto::Recibir(const QString& texto) {
+std::optional<Extracto> CajaTexto::Recibir(const QString& texto) {
   return SiCabe([&] { return Guardar(DeFuera(texto, documento_)); });
 }
 
@@ -58,7 +58,7 @@ void CajaTexto::Borrar(Posicion desde, Posicion hasta) {
   if (HaySeleccion()) {
     Eliminar();
   } else {
-    Cambiar(desde, hasta, Pieza{}, Agrupacion::Borrar);
+    Cambiar(desde, hasta, Extracto{}, Agrupacion::Borrar);
   }
 }
 
@@ -66,7 +66,7 @@ void CajaTexto::Insertar(const QString& texto) {
   Cambiar(Desde(), Hasta(), Recibir(texto), Agrupacion::Sola);
 }
 
-void CajaTexto::CambiarTramo(Posicion desde, Posicion hasta, const QString& texto) {
+void CajaTexto::CambiarRango(Posicion desde, Posicion hasta, const QString& texto) {
   Cambiar(desde, hasta, Recibir(texto), Agrupacion::Sola);
 }
 
@@ -89,7 +89,7 @@ void CajaTexto::IrA(const Cambio& cambio) {
 }
 
 void CajaTexto::Eliminar() {
-  Cambiar(Desde(), Hasta(), Pieza{}, Agrupacion::Sola);
+  Cambiar(Desde(), Hasta(), Extracto{}, Agrupacion::Sola);
 }
 
 void CajaTexto::Cortar() {
@@ -121,7 +121,7 @@ void CajaTexto::ElegirTodo() {
 }
 
 QMimeData* CajaTexto::DatosElegidos() const {
-  return new DatosTexto(documento_.Extracto(Desde(), Hasta()), documento_.CodificacionDelTexto());
+  return new DatosTexto(documento_.Extraer(Desde(), Hasta()), documento_.CodificacionDelTexto());
 }
 
 void CajaTexto::OfrecerSeleccion() {

@@ -65,10 +65,10 @@ void CajaTexto::PegarPrimaria(const QPoint& punto) {
   const QMimeData* datos = portapapeles->mimeData(QClipboard::Selection);
   if (!datos) return;
   // Taken before the caret moves: it may be this box's own selection.
-  std::optional<Pieza> nueva = Recibir(*datos);
+  std::optional<Extracto> nuevo = Recibir(*datos);
   documento_.CerrarGrupo();
   Llevar(encuadre_.EnPunto(punto), Seleccion::Quitar);
-  Cambiar(Cursor(), Cursor(), std::move(nueva), Agrupacion::Sola);
+  Cambiar(Cursor(), Cursor(), std::move(nuevo), Agrupacion::Sola);
 }
 
 void CajaTexto::wheelEvent(QWheelEvent* evento) {

@@ -68,7 +68,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   // For screen readers.
   const Documento& Texto() const { return documento_; }
   const Encuadre& Vista() const { return encuadre_; }
-  void CambiarTramo(Posicion desde, Posicion hasta, const QString& texto);
+  void CambiarRango(Posicion desde, Posicion hasta, const QString& texto);
 
   QVariant inputMethodQuery(Qt::InputMethodQuery pregunta) const override;
 
@@ -126,12 +126,13 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
 
   // caja_edicion.cpp
   bool Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes, Agrupacion agrupacion);
-  bool Cambiar(Posicion desde, Posicion hasta, std::optional<Pieza> nueva, Agrupacion agrupacion);
-  std::optional<Pieza> Guardar(const QByteArray& bytes);
-  std::optional<Pieza> Recibir(const QMimeData& datos);
-  std::optional<Pieza> Recibir(const QString& texto);
+  bool Cambiar(Posicion desde, Posicion hasta, std::optional<Extracto> nuevo,
+               Agrupacion agrupacion);
+  std::optional<Extracto> Guardar(const QByteArray& bytes);
+  std::optional<Extracto> Recibir(const QMimeData& datos);
+  std::optional<Extracto> Recibir(const QString& texto);
   template <typename Traer>
-  std::optional<Pieza> SiCabe(Traer traer);
+  std::optional<Extracto> SiCabe(Traer traer);
   void Borrar(Posicion desde, Posicion hasta);
   void Deshacer();
   void Rehacer();

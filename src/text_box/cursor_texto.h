@@ -24,7 +24,7 @@ class CursorTexto {
   const Lugar& Donde() const { return cursor_; }
   Posicion Pos() const { return cursor_.pos; }
   Posicion Ancla() const { return ancla_; }  // the other end of the selection, or Pos()
-  Tramo Elegido() const { return {std::min(Pos(), ancla_), std::max(Pos(), ancla_)}; }
+  Rango Elegido() const { return {std::min(Pos(), ancla_), std::max(Pos(), ancla_)}; }
   bool HaySeleccion() const { return Pos() != ancla_; }
 
   void Llevar(const Lugar& lugar, Seleccion seleccion);

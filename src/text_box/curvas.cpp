@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "text_box/trozos.h"
+#include "text_box/lector_texto.h"
 
 namespace {
 
@@ -85,13 +85,13 @@ const Curvas::Curva& Curvas::DeGrupo(std::size_t grupo, Posicion pos) const {
 }
 
 Curvas::Curva Curvas::Calcular(Posicion desde, Posicion hasta) const {
-  const Trozos texto(*texto_);
+  const LectorTexto texto(*texto_);
   Posicion tab = desde;
   while (tab < hasta) {
     const std::string_view tramo = texto.Tramo(tab, hasta);
-    const std::size_t lugar = tramo.find('\t');
-    tab += static_cast<Posicion>(std::min(lugar, tramo.size()));
-    if (lugar != std::string_view::npos) break;
+    const std::size_t donde = tramo.find('\t');
+    tab += static_cast<Posicion>(std::min(donde, tramo.size()));
+    if (donde != std::string_view::npos) break;
   }
   const Punto antes = pluma_.Medir(texto, desde, tab, 0);
   return {antes, tab == hasta ? SinTab : pluma_.Medir(texto, tab + 1, hasta, 0)};

@@ -67,9 +67,9 @@ class Curvas {
 // Puts `nuevos` elements of `valor` in the place of `viejos` ones, as the blocks were.
 template <typename T>
 void EmpalmarVector(std::vector<T>& vector, const Lineas::Empalme& empalme, const T& valor) {
-  const auto lugar = vector.begin() + static_cast<std::ptrdiff_t>(empalme.desde);
+  const auto sitio = vector.begin() + static_cast<std::ptrdiff_t>(empalme.desde);
   const std::size_t comunes = empalme.viejos < empalme.nuevos ? empalme.viejos : empalme.nuevos;
-  const auto resto = std::fill_n(lugar, comunes, valor);
+  const auto resto = std::fill_n(sitio, comunes, valor);
   if (empalme.viejos > comunes) {
     vector.erase(resto, resto + static_cast<std::ptrdiff_t>(empalme.viejos - comunes));
   } else {

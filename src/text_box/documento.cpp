@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-#include "text_box/trozos.h"
+#include "text_box/lector_texto.h"
 
 namespace {
 
@@ -47,34 +47,34 @@ QByteArray Documento::Copia(Posicion desde, Posicion hasta) const {
 }
 
 TextoEntero Documento::Entero() const {
-  return {bytes_.Tramos(), std::make_shared<const std::vector<Trozo>>(bytes_.Trozos(0, Tamano()))};
+  return {bytes_.Tramos(), std::make_shared<const std::vector<Pieza>>(bytes_.Piezas(0, Tamano()))};
 }
 
-Pieza Documento::Extracto(Posicion desde, Posicion hasta) const {
-  Pieza pieza{bytes_.Trozos(desde, hasta), hasta - desde, 0, {}};
-  lineas_.Extraer(desde, pieza);
-  return pieza;
+Extracto Documento::Extraer(Posicion desde, Posicion hasta) const {
+  Extracto extracto{bytes_.Piezas(desde, hasta), hasta - desde, 0, {}};
+  lineas_.Extraer(desde, extracto);
+  return extracto;
 }
 
-std::optional<Pieza> Documento::Guardar(std::string_view bytes) {
+std::optional<Extracto> Documento::Guardar(std::string_view bytes) {
   auto guardados = bytes_.Guardar(bytes);
   if (!guardados) return std::nullopt;
-  return Pieza{std::move(*guardados), static_cast<Posicion>(bytes.size()), 0, {}};
+  return Extracto{std::move(*guardados), static_cast<Posicion>(bytes.size()), 0, {}};
 }
 
 bool Documento::Reemplazar(Posicion pos, Posicion quitados, std::string_view nuevos,
                            Agrupacion agrupacion) {
-  auto nueva = Guardar(nuevos);
-  if (nueva) Reemplazar(pos, quitados, std::move(*nueva), agrupacion);
-  return nueva.has_value();
+  auto nuevo = Guardar(nuevos);
+  if (nuevo) Reemplazar(pos, quitados, std::move(*nuevo), agrupacion);
+  return nuevo.has_value();
 }
 
-void Documento::Reemplazar(Posicion pos, Posicion quitados, Pieza nueva, Agrupacion agrupacion) {
-  if (quitados == 0 && nueva.Vacia()) return;
+void Documento::Reemplazar(Posicion pos, Posicion quitados, Extracto nuevo, Agrupacion agrupacion) {
+  if (quitados == 0 && nuevo.Vacia()) return;
   Historial::Extremos extremos;
-  if (!nueva.Vacia()) extremos = {nueva.Primero(), nueva.Ultimo()};
+  if (!nuevo.Vacia()) extremos = {nuevo.Primero(), nuevo.Ultimo()};
   Operacion operacion{pos, 0, {}};
-  const Cambio cambio = Canjear(operacion, quitados, std::move(nueva));
+  const Cambio cambio = Canjear(operacion, quitados, std::move(nuevo));
   if (cambio.puestos == 0) extremos = {operacion.fuera.Primero(), operacion.fuera.Ultimo()};
   historial_.Anotar(std::move(operacion), agrupacion, extremos, Ahora());
   Avisar(cambio);
@@ -84,13 +84,13 @@ void Documento::Avisar(const Cambio& cambio) const {
   for (Observador* observador : observadores_) observador->Reemplazado(cambio);
 }
 
-// Puts `nueva` in the place of bytes that the operation keeps then.
-Cambio Documento::Canjear(Operacion& operacion, Posicion quitados, Pieza nueva) {
-  const Cambio cambio{operacion.pos, quitados, nueva.tamano};
-  operacion.fuera = Extracto(cambio.pos, cambio.pos + quitados);
+// Puts `nuevo` in the place of bytes that the operation keeps then.
+Cambio Documento::Canjear(Operacion& operacion, Posicion quitados, Extracto nuevo) {
+  const Cambio cambio{operacion.pos, quitados, nuevo.tamano};
+  operacion.fuera = Extraer(cambio.pos, cambio.pos + quitados);
   operacion.dentro = cambio.puestos;
-  bytes_.Sustituir(cambio.pos, quitados, std::move(nueva.trozos));
-  lineas_.Reemplazado(cambio, nueva);
+  bytes_.Sustituir(cambio.pos, quitados, std::move(nuevo.piezas));
+  lineas_.Reemplazado(cambio, nuevo);
   return cambio;
 }
 
@@ -119,7 +119,7 @@ Cambio Documento::Invertir(Operacion* operacion, void (Historial::*anotar)()) {
 
 std::string_view Documento::FinDeLinea() const {
   if (lineas_.Total() == 1) return "\n";
-  const Trozos texto(bytes_);
+  const LectorTexto texto(bytes_);
   const Posicion siguiente = lineas_.Inicio(1);
   if (texto.En(siguiente - 1) == '\r') return "\r";
   return texto.SinFin(siguiente) == siguiente - 2 ? "\r\n" : "\n";

@@ -48,14 +48,14 @@ class Documento {
   QByteArray Copia() const { return Copia(0, Tamano()); }
   TextoEntero Entero() const;  // as it is now, where it lies
 
-  // A stretch of the text as it is now, whatever becomes of the text: nothing is copied for it.
-  Pieza Extracto(Posicion desde, Posicion hasta) const;
+  // What stands there now, whatever becomes of the text: nothing is copied for it.
+  Extracto Extraer(Posicion desde, Posicion hasta) const;
   // The same of bytes that are not in the text; nothing when memory is out.
-  std::optional<Pieza> Guardar(std::string_view bytes);
+  std::optional<Extracto> Guardar(std::string_view bytes);
 
   // The one way a text changes. False (nothing changed) when memory is out.
   bool Reemplazar(Posicion pos, Posicion quitados, std::string_view nuevos, Agrupacion agrupacion);
-  void Reemplazar(Posicion pos, Posicion quitados, Pieza nueva, Agrupacion agrupacion);
+  void Reemplazar(Posicion pos, Posicion quitados, Extracto nuevo, Agrupacion agrupacion);
   void CerrarGrupo() {
     historial_.CerrarGrupo();
   }  // the caret was moved, a pause: the next change starts a new step
@@ -75,7 +75,7 @@ class Documento {
 
  private:
   void Sustituir(Bytes&& bytes, Sumas&& lineas);
-  Cambio Canjear(Operacion& operacion, Posicion quitados, Pieza nueva);
+  Cambio Canjear(Operacion& operacion, Posicion quitados, Extracto nuevo);
   Cambio Invertir(Operacion* operacion, void (Historial::*anotar)());
   void Avisar(const Cambio& cambio) const;
   static Cambio PorHacer(const Operacion* operacion);

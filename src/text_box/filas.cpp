@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
-#include "text_box/trozos.h"
+#include "text_box/lector_texto.h"
 
 Filas::Filas(const Bytes& texto, const Lineas& lineas) : Filas(texto, lineas, Medidas()) {}
 
@@ -46,7 +46,7 @@ std::int64_t Filas::Total() const {
 
 // An empty text and one that ends with a line end have a row that no block counts.
 bool Filas::FilaVaciaFinal() const {
-  const Trozos texto(*texto_);
+  const LectorTexto texto(*texto_);
   return texto.Total() == 0 || texto.TrasFin(texto.Total());
 }
 
@@ -76,10 +76,10 @@ bool Filas::Exacto(Posicion pos) const {
 Posicion Filas::Base(Posicion pos) const {
   const Posicion linea = lineas_->InicioDe(pos);
   while (true) {
-    const Sumas::Lugar lugar = sumas_.PorPosicion(pos);
-    const bool conocido = lugar.bloque < sumas_.Bloques() && !Pendiente(lugar.bytes);
-    if (linea >= lugar.bytes && (conocido || pos - linea <= medidas_.al_preguntar)) return linea;
-    if (linea < lugar.bytes && conocido && Exacto(pos)) return lugar.bytes;
+    const Sumas::BloqueSituado hallado = sumas_.PorPosicion(pos);
+    const bool conocido = hallado.bloque < sumas_.Bloques() && !Pendiente(hallado.bytes);
+    if (linea >= hallado.bytes && (conocido || pos - linea <= medidas_.al_preguntar)) return linea;
+    if (linea < hallado.bytes && conocido && Exacto(pos)) return hallado.bytes;
     Asegurar(linea, pos);
   }
 }
@@ -87,8 +87,8 @@ Posicion Filas::Base(Posicion pos) const {
 bool Filas::Cerca(Posicion pos) const {
   pos = std::max<Posicion>(std::min(pos, texto_->Tamano() - 1), 0);
   if (pos - lineas_->InicioDe(pos) <= Lejos) return true;
-  const Sumas::Lugar lugar = sumas_.PorPosicion(pos);
-  return lugar.bloque < sumas_.Bloques() && !Pendiente(lugar.bytes) && Exacto(pos);
+  const Sumas::BloqueSituado hallado = sumas_.PorPosicion(pos);
+  return hallado.bloque < sumas_.Bloques() && !Pendiente(hallado.bytes) && Exacto(pos);
 }
 
 Posicion Filas::InicioDe(Posicion pos) const {
@@ -96,11 +96,11 @@ Posicion Filas::InicioDe(Posicion pos) const {
     if (FilaVaciaFinal()) return pos;
     --pos;
   }
-  return partidor_.Bajar(Trozos(*texto_), Base(pos), pos).inicio;
+  return partidor_.Bajar(LectorTexto(*texto_), Base(pos), pos).inicio;
 }
 
 Posicion Filas::Siguiente(Posicion inicio) const {
-  const Trozos texto(*texto_);
+  const LectorTexto texto(*texto_);
   return inicio == texto.Total() ? -1 : partidor_.Siguiente(texto, inicio);
 }
 
@@ -109,7 +109,7 @@ Posicion Filas::Anterior(Posicion inicio) const {
 }
 
 Posicion Filas::FinDe(Posicion inicio) const {
-  const Trozos texto(*texto_);
+  const LectorTexto texto(*texto_);
   const Posicion siguiente = Siguiente(inicio);
   if (siguiente < 0) return texto.Total();
   return texto.TrasFin(siguiente) ? texto.SinFin(siguiente) : siguiente;
@@ -117,43 +117,43 @@ Posicion Filas::FinDe(Posicion inicio) const {
 
 std::int64_t Filas::Indice(Posicion pos) const {
   const Posicion inicio = Cerca(pos) ? InicioDe(pos) : pos;
-  const Sumas::Lugar lugar = sumas_.PorPosicion(inicio);
-  if (lugar.bloque == sumas_.Bloques())
-    return std::min(lugar.cuenta + Estimar(inicio - lugar.bytes), Total() - 1);
-  const std::int64_t filas = Pendiente(lugar.bytes)
-                                 ? Estimar(inicio - lugar.bytes)
-                                 : partidor_.Bajar(Trozos(*texto_), lugar.bytes, inicio).filas;
-  return lugar.cuenta + std::min<std::int64_t>(filas, sumas_.En(lugar.bloque).cuenta - 1);
+  const Sumas::BloqueSituado hallado = sumas_.PorPosicion(inicio);
+  if (hallado.bloque == sumas_.Bloques())
+    return std::min(hallado.cuenta + Estimar(inicio - hallado.bytes), Total() - 1);
+  const std::int64_t filas =
+      Pendiente(hallado.bytes) ? Estimar(inicio - hallado.bytes)
+                               : partidor_.Bajar(LectorTexto(*texto_), hallado.bytes, inicio).filas;
+  return hallado.cuenta + std::min<std::int64_t>(filas, sumas_.En(hallado.bloque).cuenta - 1);
 }
 
 Posicion Filas::PosicionDe(std::int64_t indice) const {
   indice = std::clamp<std::int64_t>(indice, 0, Total() - 1);
-  const Sumas::Lugar lugar = sumas_.PorCuenta(indice);
-  const std::int64_t filas = indice - lugar.cuenta;
-  if (lugar.bloque == sumas_.Bloques()) {
+  const Sumas::BloqueSituado hallado = sumas_.PorCuenta(indice);
+  const std::int64_t filas = indice - hallado.cuenta;
+  if (hallado.bloque == sumas_.Bloques()) {
     if (sumas_.Bytes() == texto_->Tamano()) return InicioDe(texto_->Tamano());
-    const double parte = static_cast<double>(filas) / static_cast<double>(Total() - lugar.cuenta);
-    const auto resto = static_cast<double>(texto_->Tamano() - lugar.bytes);
-    return InicioDe(lugar.bytes + static_cast<Posicion>(parte * resto));
+    const double parte = static_cast<double>(filas) / static_cast<double>(Total() - hallado.cuenta);
+    const auto resto = static_cast<double>(texto_->Tamano() - hallado.bytes);
+    return InicioDe(hallado.bytes + static_cast<Posicion>(parte * resto));
   }
-  const Sumas::Bloque bloque = sumas_.En(lugar.bloque);
-  if (Pendiente(lugar.bytes))
-    return InicioDe(lugar.bytes + static_cast<Posicion>(bloque.bytes) * filas / bloque.cuenta);
-  const Posicion fin = lugar.bytes + bloque.bytes - 1;
-  const Posicion inicio = partidor_.Bajar(Trozos(*texto_), lugar.bytes, fin, filas).inicio;
+  const Sumas::Bloque bloque = sumas_.En(hallado.bloque);
+  if (Pendiente(hallado.bytes))
+    return InicioDe(hallado.bytes + static_cast<Posicion>(bloque.bytes) * filas / bloque.cuenta);
+  const Posicion fin = hallado.bytes + bloque.bytes - 1;
+  const Posicion inicio = partidor_.Bajar(LectorTexto(*texto_), hallado.bytes, fin, filas).inicio;
   return Exacto(inicio) ? inicio : InicioDe(inicio);
 }
 
 Punto Filas::XDe(Posicion inicio, Posicion pos) const {
-  return partidor_.LaPluma().Medir(Trozos(*texto_), inicio, std::min(pos, FinDe(inicio)), 0);
+  return partidor_.LaPluma().Medir(LectorTexto(*texto_), inicio, std::min(pos, FinDe(inicio)), 0);
 }
 
 Renglones::Corte Filas::CorteEnX(Posicion inicio, Punto x) const {
-  return partidor_.LaPluma().Hasta(Trozos(*texto_), inicio, FinDe(inicio), 0, x);
+  return partidor_.LaPluma().Hasta(LectorTexto(*texto_), inicio, FinDe(inicio), 0, x);
 }
 
 Posicion Filas::PosicionEnX(Posicion inicio, Punto x) const {
-  const Trozos texto(*texto_);
+  const LectorTexto texto(*texto_);
   const Posicion fin = FinDe(inicio);
   const bool rota = fin < texto.Total() && fin > inicio && Siguiente(inicio) == fin;
   const Posicion ultima = rota ? fin - 1 : fin;

@@ -65,7 +65,7 @@ class Filas : public Renglones {
   void Rehacer(std::size_t primero, Posicion inicio, Viejos viejos, Posicion tope) const;
   Viejos Pasar(Viejos viejos, Posicion pos) const;
   void Aplazar(Posicion desde, Posicion hasta, std::vector<Sumas::Bloque>& bloques) const;
-  void AplazarPieza(Posicion desde, Posicion hasta, std::vector<Sumas::Bloque>& bloques) const;
+  void AplazarRango(Posicion desde, Posicion hasta, std::vector<Sumas::Bloque>& bloques) const;
   void OlvidarPendientes(Posicion desde, Posicion hasta) const;
   void Resolver(Posicion pendiente, Posicion tope) const;
   void Extender(Posicion tope) const;

@@ -4,11 +4,11 @@
 #include <vector>
 
 #include "text_box/filas.h"
-#include "text_box/trozos.h"
+#include "text_box/lector_texto.h"
 
 namespace {
 
-constexpr Posicion MayorPieza = 1 << 30;  // a block's bytes must fit 32 bits
+constexpr Posicion MayorBloque = 1 << 30;  // a block's bytes must fit 32 bits
 
 }  // namespace
 
@@ -51,7 +51,7 @@ class Filas::Tejedor {
     abierto_ = {};
   }
 
-  Trozos texto_;
+  LectorTexto texto_;
   const Partidor& partidor_;
   Posicion bloque_;
   Posicion pos_;
@@ -94,21 +94,21 @@ Filas::Viejos Filas::Pasar(Viejos viejos, Posicion pos) const {
 void Filas::Aplazar(Posicion desde, Posicion hasta, std::vector<Sumas::Bloque>& bloques) const {
   const Posicion linea = lineas_->InicioDe(hasta);
   const bool partida = desde < linea && linea < hasta;
-  AplazarPieza(desde, partida ? linea : hasta, bloques);
-  if (partida) AplazarPieza(linea, hasta, bloques);
+  AplazarRango(desde, partida ? linea : hasta, bloques);
+  if (partida) AplazarRango(linea, hasta, bloques);
 }
 
-void Filas::AplazarPieza(Posicion desde, Posicion hasta,
+void Filas::AplazarRango(Posicion desde, Posicion hasta,
                          std::vector<Sumas::Bloque>& bloques) const {
   do {
-    const auto lugar = std::lower_bound(pendientes_.begin(), pendientes_.end(), desde);
-    if (lugar == pendientes_.end() || *lugar != desde) pendientes_.insert(lugar, desde);
-    const Posicion pieza = std::min(hasta - desde, MayorPieza);
-    if (pieza > 0) {
+    const auto hallado = std::lower_bound(pendientes_.begin(), pendientes_.end(), desde);
+    if (hallado == pendientes_.end() || *hallado != desde) pendientes_.insert(hallado, desde);
+    const Posicion largo = std::min(hasta - desde, MayorBloque);
+    if (largo > 0) {
       bloques.push_back(
-          {static_cast<std::uint32_t>(pieza), static_cast<std::uint32_t>(Estimar(pieza))});
+          {static_cast<std::uint32_t>(largo), static_cast<std::uint32_t>(Estimar(largo))});
     }
-    desde += pieza;
+    desde += largo;
   } while (desde < hasta);
 }
 
@@ -130,12 +130,12 @@ void Filas::Extender(Posicion tope) const {
 // Sees to it that the blocks lead to `pos`, a byte of the line that starts at `linea`.
 void Filas::Asegurar(Posicion linea, Posicion pos) const {
   while (true) {
-    const Sumas::Lugar lugar = sumas_.PorPosicion(pos);
-    const Posicion desde = lineas_->InicioDe(std::min(linea, lugar.bytes));
+    const Sumas::BloqueSituado hallado = sumas_.PorPosicion(pos);
+    const Posicion desde = lineas_->InicioDe(std::min(linea, hallado.bytes));
     const auto pendiente = std::lower_bound(pendientes_.begin(), pendientes_.end(), desde);
     if (pendiente != pendientes_.end() && *pendiente <= pos) {
       Resolver(*pendiente, pos + medidas_.al_cambiar);
-    } else if (lugar.bloque == sumas_.Bloques()) {
+    } else if (hallado.bloque == sumas_.Bloques()) {
       Extender(pos + medidas_.al_cambiar);
     } else {
       return;

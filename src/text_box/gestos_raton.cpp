@@ -10,7 +10,7 @@ constexpr int MilisegundosRodar = 50;
 }
 
 // Is the selection painted under this point?
-bool GestosRaton::SobreElegido(const QPoint& punto, const Tramo& elegido) const {
+bool GestosRaton::SobreElegido(const QPoint& punto, const Rango& elegido) const {
   const auto [desde, hasta] = elegido;
   const Lugar lugar = encuadre_.EnPunto(punto);
   if (desde == hasta || lugar.pos < desde || lugar.pos > hasta) return false;
@@ -20,7 +20,7 @@ bool GestosRaton::SobreElegido(const QPoint& punto, const Tramo& elegido) const 
   return tras_inicio && ante_fin;
 }
 
-Tramo GestosRaton::TramoEn(Posicion pos, Grano grano) const {
+Rango GestosRaton::RangoEn(Posicion pos, Grano grano) const {
   const Lineas& lineas = documento_.LineasDelTexto();
   if (grano == Grano::Palabra) return PalabraEn(documento_, pos);
   if (grano == Grano::Caracter) return {pos, pos};
@@ -31,11 +31,11 @@ Tramo GestosRaton::TramoEn(Posicion pos, Grano grano) const {
 GestosRaton::Eleccion GestosRaton::Empezar(const Lugar& lugar, Grano grano) {
   gesto_ = Gesto::Elegir;
   grano_ = grano;
-  origen_ = TramoEn(lugar.pos, grano);
+  origen_ = RangoEn(lugar.pos, grano);
   return {origen_.desde, grano == Grano::Caracter ? lugar : Lugar{origen_.hasta, false}};
 }
 
-std::optional<GestosRaton::Eleccion> GestosRaton::Pulsar(const QPoint& punto, const Tramo& elegido,
+std::optional<GestosRaton::Eleccion> GestosRaton::Pulsar(const QPoint& punto, const Rango& elegido,
                                                          bool extender) {
   const bool cerca = (punto - pulsado_).manhattanLength() < QApplication::startDragDistance();
   const bool triple =
@@ -74,9 +74,9 @@ std::optional<GestosRaton::Eleccion> GestosRaton::Extender(const QPoint& punto) 
   }
   const Lugar lugar = encuadre_.EnPunto(punto);
   if (grano_ == Grano::Caracter) return Eleccion{std::nullopt, lugar};
-  const Tramo tramo = TramoEn(lugar.pos, grano_);
-  if (lugar.pos < origen_.desde) return Eleccion{origen_.hasta, {tramo.desde, false}};
-  return Eleccion{origen_.desde, {std::max(tramo.hasta, origen_.hasta), false}};
+  const Rango rango = RangoEn(lugar.pos, grano_);
+  if (lugar.pos < origen_.desde) return Eleccion{origen_.hasta, {rango.desde, false}};
+  return Eleccion{origen_.desde, {std::max(rango.hasta, origen_.hasta), false}};
 }
 
 GestosRaton::Gesto GestosRaton::Soltar() {

@@ -35,7 +35,7 @@ class GestosRaton : public QObject {
 
   // `elegido`: what is selected now; `extender`: from there. Nothing is to be selected where the
   // press may be about to drag that.
-  std::optional<Eleccion> Pulsar(const QPoint& punto, const Tramo& elegido, bool extender);
+  std::optional<Eleccion> Pulsar(const QPoint& punto, const Rango& elegido, bool extender);
   Eleccion PulsarDoble(const QPoint& punto);
   // Has the pointer gone far enough to drag what is selected? Then the gesture has ended.
   bool EmpiezaArrastre(const QPoint& punto);
@@ -54,15 +54,15 @@ class GestosRaton : public QObject {
 
  private:
   enum class Grano { Caracter, Palabra, Linea };
-  bool SobreElegido(const QPoint& punto, const Tramo& elegido) const;
-  Tramo TramoEn(Posicion pos, Grano grano) const;
+  bool SobreElegido(const QPoint& punto, const Rango& elegido) const;
+  Rango RangoEn(Posicion pos, Grano grano) const;
   Eleccion Empezar(const Lugar& lugar, Grano grano);
 
   const Documento& documento_;
   const Encuadre& encuadre_;
   Gesto gesto_ = Gesto::Ninguno;
   Grano grano_ = Grano::Caracter;
-  Tramo origen_;  // what the gesture selected first
+  Rango origen_;  // what the gesture selected first
   QPoint pulsado_;
   QElapsedTimer doble_;  // since the last double click
   QBasicTimer reloj_;

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "text_box/pieza.h"
+#include "text_box/extracto.h"
 
 // How a change joins the one before it into one step of undo.
 enum class Agrupacion : std::uint8_t {
@@ -20,7 +20,7 @@ enum class Agrupacion : std::uint8_t {
 struct Operacion {
   Posicion pos = 0;
   Posicion dentro = 0;  // its bytes that are in the text, from `pos` on
-  Pieza fuera;          // those that were there instead
+  Extracto fuera;       // those that were there instead
 };
 
 class Historial {

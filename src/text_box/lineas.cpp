@@ -5,14 +5,14 @@
 #include <utility>
 #include <vector>
 
+#include "text_box/lector_texto.h"
 #include "text_box/rastreo.h"
-#include "text_box/trozos.h"
 
 namespace {
 
 constexpr Posicion Grande = 64;  // blocks; fewer are counted again
 
-std::int64_t Contar(const Trozos& texto, Posicion desde, Posicion hasta) {
+std::int64_t Contar(const LectorTexto& texto, Posicion desde, Posicion hasta) {
   std::int64_t cuenta = 0;
   while (desde < hasta) {
     const std::string_view tramo = texto.Tramo(desde, hasta);
@@ -23,7 +23,7 @@ std::int64_t Contar(const Trozos& texto, Posicion desde, Posicion hasta) {
 }
 
 // The position after line end number `n` (from 0) of those complete from `desde` on; there is one.
-Posicion TrasFinNumero(const Trozos& texto, Posicion desde, std::int64_t n) {
+Posicion TrasFinNumero(const LectorTexto& texto, Posicion desde, std::int64_t n) {
   constexpr Posicion Paso = 512;
   while (desde + Paso < texto.Total()) {
     const std::int64_t cuenta = Contar(texto, desde, desde + Paso);
@@ -43,9 +43,9 @@ Posicion TrasFinNumero(const Trozos& texto, Posicion desde, std::int64_t n) {
 }
 
 // The last line start in (desde, hasta]; -1 without one.
-Posicion UltimoInicio(const Trozos& texto, Posicion desde, Posicion hasta) {
+Posicion UltimoInicio(const LectorTexto& texto, Posicion desde, Posicion hasta) {
   while (hasta > desde) {
-    const Posicion corte = std::max(desde, texto.InicioTrozo(hasta - 1));
+    const Posicion corte = std::max(desde, texto.InicioDePieza(hasta - 1));
     const std::size_t fin = UltimoFin(texto.Tramo(corte, hasta));
     if (fin == std::string_view::npos) {
       hasta = corte;
@@ -59,7 +59,7 @@ Posicion UltimoInicio(const Trozos& texto, Posicion desde, Posicion hasta) {
 }
 
 // Cuts [desde, hasta) into blocks and counts them.
-void Cortar(const Trozos& texto, Posicion desde, Posicion hasta, Posicion bloque,
+void Cortar(const LectorTexto& texto, Posicion desde, Posicion hasta, Posicion bloque,
             std::vector<Sumas::Bloque>& bloques) {
   const Posicion cuantos = hasta - desde <= 2 * bloque ? 1 : (hasta - desde) / bloque;
   const Posicion paso = (hasta - desde + cuantos - 1) / cuantos;
@@ -77,10 +77,10 @@ void ContadorLineas::Agregar(std::string_view bytes) {
   if (retorno_pendiente_ && bytes.front() != '\n') sumas_.Sumar(sumas_.Bloques() - 1, 1);
   retorno_pendiente_ = bytes.back() == '\r';
   while (!bytes.empty()) {
-    const std::string_view trozo = bytes.substr(0, static_cast<std::size_t>(bloque_));
-    bytes.remove_prefix(trozo.size());
+    const std::string_view tramo = bytes.substr(0, static_cast<std::size_t>(bloque_));
+    bytes.remove_prefix(tramo.size());
     // A CR at the very end is not counted before the next byte is known.
-    AgregarBloque(trozo, bytes.empty() ? '\n' : bytes.front());
+    AgregarBloque(tramo, bytes.empty() ? '\n' : bytes.front());
   }
 }
 
@@ -118,7 +118,7 @@ void Lineas::Adoptar(Sumas sumas) {
   sumas_ = std::move(sumas);
 }
 
-void Lineas::Reemplazado(const Cambio& cambio, const Pieza& puesta) {
+void Lineas::Reemplazado(const Cambio& cambio, const Extracto& puesto) {
   const Posicion antes = std::max<Posicion>(cambio.pos - 1, 0);  // a CR there looks ahead
   const Posicion ultimo = std::max(cambio.pos + cambio.quitados - 1, antes);
   std::size_t desde = sumas_.PorPosicion(antes).bloque;
@@ -134,64 +134,64 @@ void Lineas::Reemplazado(const Cambio& cambio, const Pieza& puesta) {
   }
   const Posicion inicio = sumas_.Donde(desde).bytes;
   const Posicion fin = inicio + largo();
-  const Trozos texto(*texto_);
+  const LectorTexto texto(*texto_);
   std::vector<Sumas::Bloque> nuevos;
   Posicion contado = inicio;
-  if (!puesta.bloques.empty()) {
-    const Posicion conocido = cambio.pos + puesta.antes_de_bloques;
+  if (!puesto.bloques.empty()) {
+    const Posicion conocido = cambio.pos + puesto.antes_de_bloques;
     Cortar(texto, inicio, conocido, bloque_, nuevos);
-    nuevos.insert(nuevos.end(), puesta.bloques.begin(), puesta.bloques.end());
+    nuevos.insert(nuevos.end(), puesto.bloques.begin(), puesto.bloques.end());
     contado = conocido;
-    for (const Sumas::Bloque& bloque : puesta.bloques) contado += bloque.bytes;
+    for (const Sumas::Bloque& bloque : puesto.bloques) contado += bloque.bytes;
   }
   Cortar(texto, contado, fin, bloque_, nuevos);
   empalme_ = {desde, hasta - desde, nuevos.size()};
   sumas_.Sustituir(desde, hasta, nuevos);
 }
 
-// Whole blocks; the last one's count may depend on what comes behind the piece.
-void Lineas::Extraer(Posicion desde, Pieza& pieza) const {
-  if (pieza.tamano < Grande * bloque_) return;
+// Whole blocks; the last one's count may depend on what comes behind the extract.
+void Lineas::Extraer(Posicion desde, Extracto& extracto) const {
+  if (extracto.tamano < Grande * bloque_) return;
   const std::size_t primero = sumas_.PorPosicion(desde).bloque + 1;
-  const std::size_t ultimo = sumas_.PorPosicion(desde + pieza.tamano - 1).bloque;
+  const std::size_t ultimo = sumas_.PorPosicion(desde + extracto.tamano - 1).bloque;
   if (primero >= ultimo) return;
-  pieza.antes_de_bloques = sumas_.Donde(primero).bytes - desde;
-  for (std::size_t i = primero; i < ultimo; ++i) pieza.bloques.push_back(sumas_.En(i));
+  extracto.antes_de_bloques = sumas_.Donde(primero).bytes - desde;
+  for (std::size_t i = primero; i < ultimo; ++i) extracto.bloques.push_back(sumas_.En(i));
 }
 
 std::int64_t Lineas::Linea(Posicion pos) const {
-  const Sumas::Lugar lugar = sumas_.PorPosicion(pos);
-  return lugar.cuenta + Contar(Trozos(*texto_), lugar.bytes, pos);
+  const Sumas::BloqueSituado hallado = sumas_.PorPosicion(pos);
+  return hallado.cuenta + Contar(LectorTexto(*texto_), hallado.bytes, pos);
 }
 
 Posicion Lineas::Inicio(std::int64_t linea) const {
   if (linea == 0) return 0;
-  const Sumas::Lugar lugar = sumas_.PorCuenta(linea - 1);
-  return TrasFinNumero(Trozos(*texto_), lugar.bytes, linea - 1 - lugar.cuenta);
+  const Sumas::BloqueSituado hallado = sumas_.PorCuenta(linea - 1);
+  return TrasFinNumero(LectorTexto(*texto_), hallado.bytes, linea - 1 - hallado.cuenta);
 }
 
 Posicion Lineas::InicioDe(Posicion pos) const {
-  const Sumas::Lugar lugar = sumas_.PorPosicion(pos);
-  const Posicion inicio = UltimoInicio(Trozos(*texto_), lugar.bytes, pos);
-  return inicio >= 0 ? inicio : Inicio(lugar.cuenta);
+  const Sumas::BloqueSituado hallado = sumas_.PorPosicion(pos);
+  const Posicion inicio = UltimoInicio(LectorTexto(*texto_), hallado.bytes, pos);
+  return inicio >= 0 ? inicio : Inicio(hallado.cuenta);
 }
 
 Posicion Lineas::FinDe(Posicion pos) const {
-  const Trozos texto(*texto_);
-  const Sumas::Lugar lugar = sumas_.PorPosicion(pos);
-  if (lugar.bloque == sumas_.Bloques()) return pos;
+  const LectorTexto texto(*texto_);
+  const Sumas::BloqueSituado hallado = sumas_.PorPosicion(pos);
+  if (hallado.bloque == sumas_.Bloques()) return pos;
   if (pos > 0 && texto.En(pos) == '\n' && texto.En(pos - 1) == '\r') return pos - 1;
-  const Sumas::Bloque bloque = sumas_.En(lugar.bloque);
-  const Posicion fin_bloque = lugar.bytes + bloque.bytes;
+  const Sumas::Bloque bloque = sumas_.En(hallado.bloque);
+  const Posicion fin_bloque = hallado.bytes + bloque.bytes;
   const Posicion fin = PrimerFin(texto, pos, fin_bloque);
   if (fin < fin_bloque) return fin;
-  const std::int64_t linea = lugar.cuenta + bloque.cuenta;
+  const std::int64_t linea = hallado.cuenta + bloque.cuenta;
   return linea == sumas_.Cuenta() ? texto.Total() : texto.SinFin(Inicio(linea + 1));
 }
 
 Posicion Lineas::Siguiente(Posicion pos) const {
   const Posicion fin = FinDe(pos);
-  const Trozos texto(*texto_);
+  const LectorTexto texto(*texto_);
   return fin == texto.Total() ? -1 : texto.TrasElFin(fin);
 }
 

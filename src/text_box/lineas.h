@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "text_box/bytes.h"
-#include "text_box/pieza.h"
+#include "text_box/extracto.h"
 #include "text_box/sumas.h"
 
 // Counts a text's line ends as it comes in, piece after piece, while it is in the cache.
@@ -35,10 +35,10 @@ class Lineas {
 
   void Recontar();            // the text is another
   void Adoptar(Sumas sumas);  // the same, already counted
-  // After the text has changed; `puesta`: what came in, if its lines may be known.
-  void Reemplazado(const Cambio& cambio, const Pieza& puesta = {});
-  // Gives a large piece of the text, from `desde` on, what is known of its lines.
-  void Extraer(Posicion desde, Pieza& pieza) const;
+  // After the text has changed; `puesto`: what came in, if its lines may be known.
+  void Reemplazado(const Cambio& cambio, const Extracto& puesto = {});
+  // Gives a large extract, taken from `desde` on, what is known of its lines.
+  void Extraer(Posicion desde, Extracto& extracto) const;
 
   std::int64_t Total() const { return sumas_.Cuenta() + 1; }
   std::int64_t Linea(Posicion pos) const;     // number of the line that holds `pos`, from 0

@@ -59,7 +59,7 @@ Posicion PalabraIzquierda(const Documento& documento, Posicion pos) {
   return InicioDeClase(documento, pos, ClaseEn(documento, pos - 1));
 }
 
-Tramo PalabraEn(const Documento& documento, Posicion pos) {
+Rango PalabraEn(const Documento& documento, Posicion pos) {
   // At the end of a line the word before the click is meant.
   const bool al_final = pos >= documento.Tamano() || ClaseEn(documento, pos) == Clase::FinDeLinea;
   if (al_final && (pos == 0 || ClaseEn(documento, pos - 1) == Clase::FinDeLinea)) return {pos, pos};

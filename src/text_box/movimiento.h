@@ -16,8 +16,4 @@ Posicion PalabraDerecha(const Documento& documento, Posicion pos);
 Posicion PalabraIzquierda(const Documento& documento, Posicion pos);
 
 // The run of letters, of blanks or of signs around `pos`: what a double click selects.
-struct Tramo {
-  Posicion desde = 0;
-  Posicion hasta = 0;
-};
-Tramo PalabraEn(const Documento& documento, Posicion pos);
+Rango PalabraEn(const Documento& documento, Posicion pos);

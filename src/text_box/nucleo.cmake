@@ -1,5 +1,5 @@
 # The core of the text box: bytes, lines, rows, undo. Only the document knows of the toolkit.
 set(NUCLEO_TEXTO
-  almacen.cpp bytes.cpp codificacion.cpp curvas.cpp documento.cpp documento_carga.cpp filas.cpp filas_cambios.cpp historial.cpp
-  lineas.cpp partidor.cpp pieza.cpp pluma.cpp rastreo.cpp renglones_lineas.cpp
-  renglones_lineas_anchos.cpp sumas.cpp)
+  almacen.cpp bytes.cpp codificacion.cpp curvas.cpp documento.cpp documento_carga.cpp extracto.cpp
+  filas.cpp filas_cambios.cpp historial.cpp lineas.cpp partidor.cpp pluma.cpp rastreo.cpp
+  renglones_lineas.cpp renglones_lineas_anchos.cpp sumas.cpp)

@@ -12,9 +12,9 @@ namespace {
 constexpr Posicion Ventana = 64;  // bytes looked at in one go
 
 // After the last blank of [desde, hasta); `desde` without one.
-Posicion TrasUltimoBlanco(const Trozos& texto, Posicion desde, Posicion hasta) {
+Posicion TrasUltimoBlanco(const LectorTexto& texto, Posicion desde, Posicion hasta) {
   while (hasta > desde) {
-    const Posicion corte = std::max(desde, texto.InicioTrozo(hasta - 1));
+    const Posicion corte = std::max(desde, texto.InicioDePieza(hasta - 1));
     const unsigned char* bytes = texto.Desde(corte);
     const void* blanco = memrchr(bytes, ' ', static_cast<std::size_t>(hasta - corte));
     if (blanco != nullptr) return corte + (static_cast<const unsigned char*>(blanco) - bytes) + 1;
@@ -35,7 +35,7 @@ int Contar(std::uint64_t mascara) {
   return pocos ? static_cast<int>(mascara != 0) : std::popcount(mascara);
 }
 
-Vistazo Ojear(const Trozos& texto, Posicion desde, Posicion hasta) {
+Vistazo Ojear(const LectorTexto& texto, Posicion desde, Posicion hasta) {
   Vistazo vistazo;
   vistazo.limpio = desde;
   for (Posicion pos = desde; pos < hasta; pos += Ventana) {
@@ -67,7 +67,7 @@ bool Partidor::Sobra(unsigned char byte, const Fila& fila) const {
 
 // Puts the next `n` bytes into the row, up to a tab or line end; false when the one at fila.pos
 // must not be there.
-bool Partidor::Llenar(const Trozos& texto, Fila& fila, std::size_t n) const {
+bool Partidor::Llenar(const LectorTexto& texto, Fila& fila, std::size_t n) const {
   const unsigned char* bytes = texto.Desde(fila.pos);
   std::size_t i = 0;
   while (true) {
@@ -85,17 +85,17 @@ bool Partidor::Llenar(const Trozos& texto, Fila& fila, std::size_t n) const {
   }
 }
 
-Posicion Partidor::Cortar(const Trozos& texto, const Fila& fila) {
+Posicion Partidor::Cortar(const LectorTexto& texto, const Fila& fila) {
   const Posicion corte = TrasUltimoBlanco(texto, fila.tras_tab, fila.pos);
   return corte > fila.inicio ? corte : fila.pos;
 }
 
-Posicion Partidor::Siguiente(const Trozos& texto, Posicion inicio) const {
+Posicion Partidor::Siguiente(const LectorTexto& texto, Posicion inicio) const {
   return Romper(texto, inicio, 0);
 }
 
 // As Siguiente, when the first `libres` bytes are known to hold no tab or line end and to fit.
-Posicion Partidor::Romper(const Trozos& texto, Posicion inicio, Posicion libres) const {
+Posicion Partidor::Romper(const LectorTexto& texto, Posicion inicio, Posicion libres) const {
   const Posicion tope = std::min(texto.Total(), inicio + maximo_fila_);
   Fila fila{inicio, inicio + libres, 0, inicio};
   if (libres > 0) fila.x = pluma_.Sumar(texto.Desde(inicio), static_cast<std::size_t>(libres));
@@ -110,7 +110,7 @@ Posicion Partidor::Romper(const Trozos& texto, Posicion inicio, Posicion libres)
       continue;
     }
     if (Sobra(byte, fila)) return Cortar(texto, fila);
-    const Posicion n = std::min(tope, texto.FinTrozo(fila.pos)) - fila.pos;
+    const Posicion n = std::min(tope, texto.FinDePieza(fila.pos)) - fila.pos;
     if (!Llenar(texto, fila, static_cast<std::size_t>(n))) return Cortar(texto, fila);
   }
   if (tope == texto.Total()) return -1;
@@ -121,13 +121,14 @@ Posicion Partidor::Romper(const Trozos& texto, Posicion inicio, Posicion libres)
 // Several short lines go at once: within so many bytes as fit whatever they are, a row ends with
 // each line and nowhere else. Behind two rows that were broken by the width there are none, as a
 // rule. What was looked at and is neither line end nor tab is not looked at again.
-Partidor::Marcha Partidor::Bajar(const Trozos& texto, Posicion inicio, Posicion hasta,
+Partidor::Marcha Partidor::Bajar(const LectorTexto& texto, Posicion inicio, Posicion hasta,
                                  std::int64_t maximo) const {
   Marcha marcha{inicio, 0};
   Posicion visto = inicio;
   int rotas = 0;
   while (marcha.inicio < hasta && marcha.filas < maximo) {
-    const Posicion fin = std::min({hasta, marcha.inicio + seguro_, texto.FinTrozo(marcha.inicio)});
+    const Posicion fin =
+        std::min({hasta, marcha.inicio + seguro_, texto.FinDePieza(marcha.inicio)});
     if (rotas < 2 && visto - marcha.inicio < seguro_ / 2) {
       const Posicion desde = std::max(visto, marcha.inicio);
       const Vistazo vistazo = Ojear(texto, desde, fin);

@@ -8,9 +8,9 @@
 
 #include <cstdint>
 
+#include "text_box/lector_texto.h"
 #include "text_box/pluma.h"
 #include "text_box/renglones.h"
-#include "text_box/trozos.h"
 
 class Partidor {
  public:
@@ -21,7 +21,7 @@ class Partidor {
   const Pluma& LaPluma() const { return pluma_; }
 
   // The start of the row after the one that starts at `inicio`; -1 when that is the last.
-  Posicion Siguiente(const Trozos& texto, Posicion inicio) const;
+  Posicion Siguiente(const LectorTexto& texto, Posicion inicio) const;
 
   struct Marcha {
     Posicion inicio = 0;
@@ -29,7 +29,7 @@ class Partidor {
   };
   // From the row that starts at `inicio` down to the last row that starts at or before `hasta`,
   // but at most `maximo` rows; how many it were.
-  Marcha Bajar(const Trozos& texto, Posicion inicio, Posicion hasta,
+  Marcha Bajar(const LectorTexto& texto, Posicion inicio, Posicion hasta,
                std::int64_t maximo = INT64_MAX) const;
 
  private:
@@ -39,10 +39,10 @@ class Partidor {
     Punto x = 0;
     Posicion tras_tab = 0;  // after its last tab
   };
-  Posicion Romper(const Trozos& texto, Posicion inicio, Posicion libres) const;
+  Posicion Romper(const LectorTexto& texto, Posicion inicio, Posicion libres) const;
   inline bool Sobra(unsigned char byte, const Fila& fila) const;
-  inline bool Llenar(const Trozos& texto, Fila& fila, std::size_t n) const;
-  inline static Posicion Cortar(const Trozos& texto, const Fila& fila);
+  inline bool Llenar(const LectorTexto& texto, Fila& fila, std::size_t n) const;
+  inline static Posicion Cortar(const LectorTexto& texto, const Fila& fila);
 
   Pluma pluma_;
   Punto ancho_ = 0;

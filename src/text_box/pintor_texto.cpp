@@ -27,9 +27,9 @@ void PintorTexto::Pintar(const Fila& fila) {
         siguiente > fin && fila.elegido_desde <= fin && fila.elegido_hasta > fin;
     PintarEleccion(fila, desde, hasta, con_fin_de_linea);
   }
-  PintarTramo(0, desde, fila.y, aspecto_.texto);
-  PintarTramo(desde, hasta, fila.y, aspecto_.texto_elegido);
-  PintarTramo(hasta, bytes_.size(), fila.y, aspecto_.texto);
+  PintarRango(0, desde, fila.y, aspecto_.texto);
+  PintarRango(desde, hasta, fila.y, aspecto_.texto_elegido);
+  PintarRango(hasta, bytes_.size(), fila.y, aspecto_.texto);
 }
 
 // Collects the bytes in sight with their x; every byte is at least a pixel wide.
@@ -74,7 +74,7 @@ void PintorTexto::PintarEleccion(const Fila& fila, std::size_t desde, std::size_
       aspecto_.fondo_elegido);
 }
 
-void PintorTexto::PintarTramo(std::size_t desde, std::size_t hasta, int y, const QColor& color) {
+void PintorTexto::PintarRango(std::size_t desde, std::size_t hasta, int y, const QColor& color) {
   if (desde >= hasta) return;
   pintor_.setPen(color);
   const qreal base = y + tabla_.Base();

@@ -28,7 +28,7 @@ class PintorTexto {
   void Reunir(Posicion inicio, Posicion fin);
   std::size_t Indice(Posicion pos) const;
   void PintarEleccion(const Fila& fila, std::size_t desde, std::size_t hasta, bool fin_elegido);
-  void PintarTramo(std::size_t desde, std::size_t hasta, int y, const QColor& color);
+  void PintarRango(std::size_t desde, std::size_t hasta, int y, const QColor& color);
   void PintarMarcas(std::size_t desde, std::size_t hasta, int y);
   void PintarRayas(qreal izquierda, qreal derecha, qreal base);
 

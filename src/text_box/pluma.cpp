@@ -116,7 +116,7 @@ std::size_t Pluma::Caber(const unsigned char* bytes, std::size_t n, Punto limite
   return i;
 }
 
-Punto Pluma::Medir(const Trozos& texto, Posicion desde, Posicion hasta, Punto x) const {
+Punto Pluma::Medir(const LectorTexto& texto, Posicion desde, Posicion hasta, Punto x) const {
   while (desde < hasta) {
     const std::string_view tramo = texto.Tramo(desde, hasta);
     const std::size_t tab = std::min(tramo.find('\t'), tramo.size());
@@ -129,7 +129,7 @@ Punto Pluma::Medir(const Trozos& texto, Posicion desde, Posicion hasta, Punto x)
   return x;
 }
 
-Renglones::Corte Pluma::Hasta(const Trozos& texto, Posicion desde, Posicion hasta, Punto x,
+Renglones::Corte Pluma::Hasta(const LectorTexto& texto, Posicion desde, Posicion hasta, Punto x,
                               Punto limite) const {
   while (desde < hasta) {
     const std::string_view tramo = texto.Tramo(desde, std::min(hasta, desde + 256));
@@ -145,7 +145,7 @@ Renglones::Corte Pluma::Hasta(const Trozos& texto, Posicion desde, Posicion hast
   return {desde, x};
 }
 
-Posicion Pluma::MasCerca(const Trozos& texto, const Renglones::Corte& corte, Posicion ultima,
+Posicion Pluma::MasCerca(const LectorTexto& texto, const Renglones::Corte& corte, Posicion ultima,
                          Punto x) const {
   if (corte.pos >= ultima) return ultima;
   const Punto siguiente = Medir(texto, corte.pos, corte.pos + 1, corte.x);

@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <memory>
 
+#include "text_box/lector_texto.h"
 #include "text_box/renglones.h"
-#include "text_box/trozos.h"
 
 class Pluma {
  public:
@@ -33,14 +33,14 @@ class Pluma {
 
   // What follows is about text without line ends.
   // The pen at `hasta` when it is at `x` at `desde`.
-  Punto Medir(const Trozos& texto, Posicion desde, Posicion hasta, Punto x) const;
+  Punto Medir(const LectorTexto& texto, Posicion desde, Posicion hasta, Punto x) const;
   // The last position of [desde, hasta] where the pen is not beyond `limite`, when it is at `x`
   // at `desde`; `desde` itself when there is none.
-  Renglones::Corte Hasta(const Trozos& texto, Posicion desde, Posicion hasta, Punto x,
+  Renglones::Corte Hasta(const LectorTexto& texto, Posicion desde, Posicion hasta, Punto x,
                          Punto limite) const;
 
   // Of that position and the one after it, the one whose x is nearer; `ultima` is the last.
-  Posicion MasCerca(const Trozos& texto, const Renglones::Corte& corte, Posicion ultima,
+  Posicion MasCerca(const LectorTexto& texto, const Renglones::Corte& corte, Posicion ultima,
                     Punto x) const;
 
  private:

@@ -72,11 +72,11 @@ unsigned char ContarPocos(const char* bytes, std::size_t n) {
 
 }  // namespace
 
-Mascaras Mirar(const Trozos& texto, Posicion pos, std::size_t n) {
+Mascaras Mirar(const LectorTexto& texto, Posicion pos, std::size_t n) {
   const unsigned char* bytes = texto.Desde(pos);
   if (n == 64) return MirarTodos(bytes);
   Mascaras mascaras;
-  if (texto.FinTrozo(pos) - pos >= 64) {
+  if (texto.FinDePieza(pos) - pos >= 64) {
     mascaras = MirarTodos(bytes);
   } else {
     std::array<unsigned char, 64> copia{};
@@ -110,7 +110,7 @@ std::int64_t ContarFines(std::string_view bytes, int siguiente) {
   return cuenta + (ultimo ? 1 : 0);
 }
 
-Posicion PrimerFin(const Trozos& texto, Posicion desde, Posicion hasta) {
+Posicion PrimerFin(const LectorTexto& texto, Posicion desde, Posicion hasta) {
   while (desde < hasta) {
     const std::string_view tramo = texto.Tramo(desde, hasta);
     const std::size_t lf = std::min(tramo.find('\n'), tramo.size());

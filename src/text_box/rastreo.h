@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "text_box/trozos.h"
+#include "text_box/lector_texto.h"
 
 // What stands at each of up to 64 bytes, a bit for each, the first one lowest.
 struct Mascaras {
@@ -14,7 +14,7 @@ struct Mascaras {
   std::uint64_t tab = 0;
 };
 // The `n` bytes from `pos` on, 0 < n <= 64, all of one piece.
-Mascaras Mirar(const Trozos& texto, Posicion pos, std::size_t n);
+Mascaras Mirar(const LectorTexto& texto, Posicion pos, std::size_t n);
 
 // The bytes with which line ends are complete: every LF, and every CR that no LF follows.
 // `siguiente`: the byte after the `n` (> 0) that were looked at, -1 where the text ends.
@@ -33,6 +33,6 @@ std::size_t HastaEspecial(const unsigned char* bytes, std::size_t n);
 std::int64_t ContarFines(std::string_view bytes, int siguiente);
 
 // The first CR or LF of [desde, hasta); `hasta` without one.
-Posicion PrimerFin(const Trozos& texto, Posicion desde, Posicion hasta);
+Posicion PrimerFin(const LectorTexto& texto, Posicion desde, Posicion hasta);
 // The offset of the last one; npos without one.
 std::size_t UltimoFin(std::string_view bytes);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "text_box/trozos.h"
+#include "text_box/lector_texto.h"
 
 RenglonesLineas::RenglonesLineas(const Bytes& texto, const Lineas& lineas, Posicion linea_corta)
     : texto_(&texto), lineas_(&lineas), linea_corta_(linea_corta), curvas_(texto, lineas) {}
@@ -39,11 +39,11 @@ Punto RenglonesLineas::XDe(Posicion inicio, Posicion pos) const {
     if (lineas_->Bloques().PorPosicion(inicio).bloque < ultimo) puesto = Empezar(inicio);
     while (puesto.pos > inicio && puesto.bloque < ultimo) puesto = curvas_.Pasar(puesto, ultimo);
   }
-  return curvas_.LaPluma().Medir(Trozos(*texto_), puesto.pos, pos, puesto.x);
+  return curvas_.LaPluma().Medir(LectorTexto(*texto_), puesto.pos, pos, puesto.x);
 }
 
 Renglones::Corte RenglonesLineas::CorteEnX(Posicion inicio, Punto x) const {
-  const Trozos texto(*texto_);
+  const LectorTexto texto(*texto_);
   const Pluma& pluma = curvas_.LaPluma();
   const Posicion fin = FinDe(inicio);
   if (fin - inicio <= linea_corta_) return pluma.Hasta(texto, inicio, fin, 0, x);
@@ -60,12 +60,12 @@ Renglones::Corte RenglonesLineas::CorteEnX(Posicion inicio, Punto x) const {
 }
 
 Posicion RenglonesLineas::PosicionEnX(Posicion inicio, Punto x) const {
-  return curvas_.LaPluma().MasCerca(Trozos(*texto_), CorteEnX(inicio, x), FinDe(inicio), x);
+  return curvas_.LaPluma().MasCerca(LectorTexto(*texto_), CorteEnX(inicio, x), FinDe(inicio), x);
 }
 
 // The block after the one that holds `inicio`, if the line goes on there.
 Curvas::Puesto RenglonesLineas::Empezar(Posicion inicio) const {
-  const Sumas::Lugar lugar = lineas_->Bloques().PorPosicion(inicio);
-  const Posicion fin = lugar.bytes + lineas_->Bloques().En(lugar.bloque).bytes;
-  return {lugar.bloque + 1, fin, curvas_.LaPluma().Medir(Trozos(*texto_), inicio, fin, 0)};
+  const Sumas::BloqueSituado hallado = lineas_->Bloques().PorPosicion(inicio);
+  const Posicion fin = hallado.bytes + lineas_->Bloques().En(hallado.bloque).bytes;
+  return {hallado.bloque + 1, fin, curvas_.LaPluma().Medir(LectorTexto(*texto_), inicio, fin, 0)};
 }

@@ -45,7 +45,7 @@ class RenglonesLineas : public Renglones {
   Curvas::Puesto Empezar(Posicion inicio) const;
   void Trabajar(int bloques);
   bool Maximo(std::size_t bloque, int& bloques);
-  Punto MasAncha(const Trozos& texto, Posicion& desde, Posicion hasta) const;
+  Punto MasAncha(const LectorTexto& texto, Posicion& desde, Posicion hasta) const;
 
   const Bytes* texto_;
   const Lineas* lineas_;

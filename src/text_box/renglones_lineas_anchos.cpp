@@ -3,9 +3,9 @@
 #include <bit>
 #include <chrono>
 
+#include "text_box/lector_texto.h"
 #include "text_box/rastreo.h"
 #include "text_box/renglones_lineas.h"
-#include "text_box/trozos.h"
 
 namespace {
 
@@ -79,7 +79,7 @@ void RenglonesLineas::Trabajar(int bloques) {
 // The widest line that starts in a block. False when that takes more than `bloques` blocks; what
 // was worked out is not lost.
 bool RenglonesLineas::Maximo(std::size_t bloque, int& bloques) {
-  const Trozos texto(*texto_);
+  const LectorTexto texto(*texto_);
   const Posicion inicio = lineas_->Bloques().Donde(bloque).bytes;
   const Posicion fin = inicio + static_cast<Posicion>(lineas_->Bloques().En(bloque).bytes);
   --bloques;
@@ -100,14 +100,14 @@ bool RenglonesLineas::Maximo(std::size_t bloque, int& bloques) {
 
 // Of the lines that end in [desde, hasta); the first starts at `desde`, which is moved behind the
 // end of the last. A line is not measured that is too short to be the widest.
-Punto RenglonesLineas::MasAncha(const Trozos& texto, Posicion& desde, Posicion hasta) const {
+Punto RenglonesLineas::MasAncha(const LectorTexto& texto, Posicion& desde, Posicion hasta) const {
   constexpr Posicion ventana = 64;
   const Pluma& pluma = curvas_.LaPluma();
   const Punto por_byte = std::max(pluma.Maximo(), pluma.Tabulador());
   Punto maximo = 0;
   Posicion n = 0;
   for (Posicion pos = desde; pos < hasta; pos += n) {
-    n = std::min({ventana, hasta - pos, texto.FinTrozo(pos) - pos});
+    n = std::min({ventana, hasta - pos, texto.FinDePieza(pos) - pos});
     const Mascaras mascaras = Mirar(texto, pos, static_cast<std::size_t>(n));
     for (std::uint64_t fines = mascaras.lf | mascaras.cr; fines != 0; fines &= fines - 1) {
       const Posicion fin = pos + std::countr_zero(fines);

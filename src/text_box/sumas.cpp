@@ -21,18 +21,18 @@ Sumas::Parada Sumas::LlegarAlGrupo(QuedaAtras queda_atras) const {
 }
 
 template <typename QuedaAtras>
-Sumas::Lugar Sumas::Buscar(QuedaAtras queda_atras) const {
+Sumas::BloqueSituado Sumas::Buscar(QuedaAtras queda_atras) const {
   const Parada parada = LlegarAlGrupo(
       [&](std::size_t, Posicion bytes, std::int64_t cuenta) { return queda_atras(bytes, cuenta); });
-  Lugar lugar{std::min(parada.grupo * PorGrupo, bloques_.size()), parada.antes.bytes,
-              parada.antes.cuenta};
-  for (; lugar.bloque < bloques_.size(); ++lugar.bloque) {
-    const Bloque& bloque = bloques_[lugar.bloque];
-    if (!queda_atras(lugar.bytes + bloque.bytes, lugar.cuenta + bloque.cuenta)) break;
-    lugar.bytes += bloque.bytes;
-    lugar.cuenta += bloque.cuenta;
+  BloqueSituado hallado{std::min(parada.grupo * PorGrupo, bloques_.size()), parada.antes.bytes,
+                        parada.antes.cuenta};
+  for (; hallado.bloque < bloques_.size(); ++hallado.bloque) {
+    const Bloque& bloque = bloques_[hallado.bloque];
+    if (!queda_atras(hallado.bytes + bloque.bytes, hallado.cuenta + bloque.cuenta)) break;
+    hallado.bytes += bloque.bytes;
+    hallado.cuenta += bloque.cuenta;
   }
-  return lugar;
+  return hallado;
 }
 
 void Sumas::OlvidarParada(std::size_t bloque) {
@@ -64,10 +64,10 @@ void Sumas::Sustituir(std::size_t desde, std::size_t hasta, std::span<const Bloq
   for (std::size_t i = primero; i < ultimo; ++i) Totalizar(grupos_[i], -1);
 
   const std::size_t comunes = std::min(quitados, nuevos.size());
-  const auto lugar = bloques_.begin() + static_cast<std::ptrdiff_t>(desde);
-  const auto resto = std::copy_n(nuevos.begin(), comunes, lugar);
+  const auto sitio = bloques_.begin() + static_cast<std::ptrdiff_t>(desde);
+  const auto resto = std::copy_n(nuevos.begin(), comunes, sitio);
   if (quitados > comunes) {
-    bloques_.erase(resto, lugar + static_cast<std::ptrdiff_t>(quitados));
+    bloques_.erase(resto, sitio + static_cast<std::ptrdiff_t>(quitados));
   } else {
     bloques_.insert(resto, nuevos.begin() + static_cast<std::ptrdiff_t>(comunes), nuevos.end());
   }
@@ -105,21 +105,21 @@ void Sumas::Totalizar(const Grupo& grupo, int signo) {
   total_.cuenta += signo * grupo.cuenta;
 }
 
-Sumas::Lugar Sumas::Donde(std::size_t bloque) const {
+Sumas::BloqueSituado Sumas::Donde(std::size_t bloque) const {
   const Parada parada = LlegarAlGrupo(
       [bloque](std::size_t grupo, Posicion, std::int64_t) { return grupo < bloque / PorGrupo; });
-  Lugar lugar{bloque, parada.antes.bytes, parada.antes.cuenta};
+  BloqueSituado hallado{bloque, parada.antes.bytes, parada.antes.cuenta};
   for (std::size_t i = parada.grupo * PorGrupo; i < bloque; ++i) {
-    lugar.bytes += bloques_[i].bytes;
-    lugar.cuenta += bloques_[i].cuenta;
+    hallado.bytes += bloques_[i].bytes;
+    hallado.cuenta += bloques_[i].cuenta;
   }
-  return lugar;
+  return hallado;
 }
 
-Sumas::Lugar Sumas::PorPosicion(Posicion pos) const {
+Sumas::BloqueSituado Sumas::PorPosicion(Posicion pos) const {
   return Buscar([pos](Posicion bytes, std::int64_t) { return bytes <= pos; });
 }
 
-Sumas::Lugar Sumas::PorCuenta(std::int64_t n) const {
+Sumas::BloqueSituado Sumas::PorCuenta(std::int64_t n) const {
   return Buscar([n](Posicion, std::int64_t cuenta) { return cuenta <= n; });
 }

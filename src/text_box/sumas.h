@@ -23,7 +23,7 @@ class Sumas {
     std::uint32_t cuenta = 0;
   };
   // A block with what lies before it.
-  struct Lugar {
+  struct BloqueSituado {
     std::size_t bloque = 0;
     Posicion bytes = 0;
     std::int64_t cuenta = 0;
@@ -41,11 +41,11 @@ class Sumas {
   Posicion Bytes() const { return total_.bytes; }
   std::int64_t Cuenta() const { return total_.cuenta; }
 
-  Lugar Donde(std::size_t bloque) const;  // up to Bloques(): the end
+  BloqueSituado Donde(std::size_t bloque) const;  // up to Bloques(): the end
   // The block that holds byte `pos`; the end when pos >= Bytes().
-  Lugar PorPosicion(Posicion pos) const;
+  BloqueSituado PorPosicion(Posicion pos) const;
   // The block that holds item number `n` of what is counted, from 0; the end when n >= Cuenta().
-  Lugar PorCuenta(std::int64_t n) const;
+  BloqueSituado PorCuenta(std::int64_t n) const;
 
  private:
   struct Grupo {
@@ -60,7 +60,7 @@ class Sumas {
   template <typename QuedaAtras>
   Parada LlegarAlGrupo(QuedaAtras queda_atras) const;
   template <typename QuedaAtras>
-  Lugar Buscar(QuedaAtras queda_atras) const;
+  BloqueSituado Buscar(QuedaAtras queda_atras) const;
   void OlvidarParada(std::size_t bloque);  // it changes
 
   static std::size_t Grupos(std::size_t bloques);

@@ -36,11 +36,11 @@ QByteArray ConFinales(const QByteArray& bytes, QByteArrayView fin) {
   return salida;
 }
 
-QByteArray Copia(const Pieza& pieza) {
+QByteArray Copia(const Extracto& extracto) {
   QByteArray bytes;
-  bytes.reserve(pieza.tamano);
-  for (const Trozo& trozo : pieza.trozos) {
-    bytes.append(trozo.bytes.data(), static_cast<qsizetype>(trozo.bytes.size()));
+  bytes.reserve(extracto.tamano);
+  for (const Pieza& pieza : extracto.piezas) {
+    bytes.append(pieza.bytes.data(), static_cast<qsizetype>(pieza.bytes.size()));
   }
   return bytes;
 }
@@ -68,7 +68,7 @@ QByteArray DeFuera(const QString& texto, const Documento& documento) {
 
 QByteArray DeFuera(const QMimeData& datos, const Documento& documento) {
   const auto* propios = qobject_cast<const DatosTexto*>(&datos);
-  return propios ? ConFinales(Copia(propios->LaPieza()), Vista(documento.FinDeLinea()))
+  return propios ? ConFinales(Copia(propios->ElExtracto()), Vista(documento.FinDeLinea()))
                  : DeFuera(datos.text(), documento);
 }
 
@@ -84,12 +84,12 @@ Posicion TrasCaracteres(const Documento& documento, Posicion desde, int caracter
   return std::clamp<Posicion>(desde + caracteres, 0, documento.Tamano());
 }
 
-QString ParaFuera(const Pieza& pieza, const Codificacion& codificacion) {
-  QString texto(static_cast<qsizetype>(pieza.tamano), Qt::Uninitialized);
+QString ParaFuera(const Extracto& extracto, const Codificacion& codificacion) {
+  QString texto(static_cast<qsizetype>(extracto.tamano), Qt::Uninitialized);
   QChar* donde = texto.data();
   bool tras_retorno = false;
-  for (const Trozo& trozo : pieza.trozos) {
-    for (const char byte : trozo.bytes) {
+  for (const Pieza& pieza : extracto.piezas) {
+    for (const char byte : pieza.bytes) {
       if (!tras_retorno || byte != '\n') {
         *donde++ = byte == '\r' ? u'\n' : codificacion.Caracter(static_cast<unsigned char>(byte));
       }
@@ -100,22 +100,22 @@ QString ParaFuera(const Pieza& pieza, const Codificacion& codificacion) {
   return texto;
 }
 
-bool RecuentoFines::Seguir(const Pieza& pieza, std::size_t bytes) {
-  while (trozo_ < pieza.trozos.size() && bytes > 0) {
-    const std::string_view todo = pieza.trozos[trozo_].bytes;
+bool RecuentoFines::Seguir(const Extracto& extracto, std::size_t bytes) {
+  while (pieza_ < extracto.piezas.size() && bytes > 0) {
+    const std::string_view todo = extracto.piezas[pieza_].bytes;
     const std::string_view tramo = todo.substr(dentro_, bytes);
     dentro_ += tramo.size();
     bytes -= tramo.size();
     std::string_view resto = todo.substr(dentro_);
     if (resto.empty()) {
       dentro_ = 0;
-      if (++trozo_ < pieza.trozos.size()) resto = pieza.trozos[trozo_].bytes;
+      if (++pieza_ < extracto.piezas.size()) resto = extracto.piezas[pieza_].bytes;
     }
     cr_ += std::count(tramo.begin(), tramo.end(), '\r');
     lf_ += std::count(tramo.begin(), tramo.end(), '\n');
     fines_ += ContarFines(tramo, resto.empty() ? -1 : static_cast<unsigned char>(resto.front()));
   }
-  return trozo_ == pieza.trozos.size();
+  return pieza_ == extracto.piezas.size();
 }
 
 // Where there are as many CR as LF as line ends, each is a pair.
@@ -124,17 +124,17 @@ bool RecuentoFines::Solo(std::string_view fin) const {
   return (fin == "\n" ? cr_ : lf_) == 0;
 }
 
-DatosTexto::DatosTexto(Pieza pieza, const Codificacion& codificacion)
-    : pieza_(std::move(pieza)), codificacion_(codificacion) {
-  if (pieza_.tamano > static_cast<Posicion>(Bocado)) reloj_.start(0, this);
+DatosTexto::DatosTexto(Extracto extracto, const Codificacion& codificacion)
+    : extracto_(std::move(extracto)), codificacion_(codificacion) {
+  if (extracto_.tamano > static_cast<Posicion>(Bocado)) reloj_.start(0, this);
 }
 
 void DatosTexto::timerEvent(QTimerEvent* /*evento*/) {
-  if (recuento_.Seguir(pieza_, Bocado)) reloj_.stop();
+  if (recuento_.Seguir(extracto_, Bocado)) reloj_.stop();
 }
 
 bool DatosTexto::SoloFin(std::string_view fin) const {
-  recuento_.Seguir(pieza_, static_cast<std::size_t>(pieza_.tamano));
+  recuento_.Seguir(extracto_, static_cast<std::size_t>(extracto_.tamano));
   return recuento_.Solo(fin);
 }
 
@@ -146,8 +146,8 @@ QStringList DatosTexto::formats() const {
 QVariant DatosTexto::retrieveData(const QString& formato, QMetaType /*tipo*/) const {
   constexpr std::size_t por_byte = sizeof(QChar) + 3;
   if (formato != TextoLlano) return {};
-  if (!Almacen::Hacer(static_cast<std::size_t>(pieza_.tamano) * por_byte)) return {};
-  return ParaFuera(pieza_, codificacion_);
+  if (!Almacen::Hacer(static_cast<std::size_t>(extracto_.tamano) * por_byte)) return {};
+  return ParaFuera(extracto_, codificacion_);
 }
 
 bool TraeTexto(const QMimeData* datos) {

@@ -11,7 +11,7 @@
 #include <QString>
 
 #include "text_box/documento.h"
-#include "text_box/pieza.h"
+#include "text_box/extracto.h"
 
 // `texto` in the code page and with the line ends of the document it comes to, whatever its own
 // are (CR LF, CR, LF or Unicode's). What the code page lacks becomes "?".
@@ -20,7 +20,7 @@ QByteArray DeFuera(const QString& texto, const Documento& documento);
 QByteArray DeFuera(const QMimeData& datos, const Documento& documento);
 
 // The text for other programs: each line end as LF.
-QString ParaFuera(const Pieza& pieza, const Codificacion& codificacion);
+QString ParaFuera(const Extracto& extracto, const Codificacion& codificacion);
 // What stands there, line ends as they are; nothing where `hasta` is before `desde`.
 QString TextoEntre(const Documento& documento, Posicion desde, Posicion hasta);
 
@@ -29,30 +29,30 @@ QString TextoEntre(const Documento& documento, Posicion desde, Posicion hasta);
 int CaracteresHasta(const Documento& documento, Posicion pos);
 Posicion TrasCaracteres(const Documento& documento, Posicion desde, int caracteres);
 
-// Which forms of line end a piece has, found out bit by bit.
+// Which forms of line end an extract has, found out bit by bit.
 class RecuentoFines {
  public:
-  // Goes on through about `bytes` bytes more; true when all of the piece was seen.
-  bool Seguir(const Pieza& pieza, std::size_t bytes);
+  // Goes on through about `bytes` bytes more; true when all of it was seen.
+  bool Seguir(const Extracto& extracto, std::size_t bytes);
   // Are all of this form? Without any, too. Asked when all was seen.
   bool Solo(std::string_view fin) const;
 
  private:
-  std::size_t trozo_ = 0;
+  std::size_t pieza_ = 0;
   std::size_t dentro_ = 0;  // offset in that one
   std::ptrdiff_t cr_ = 0;
   std::ptrdiff_t lf_ = 0;
   std::ptrdiff_t fines_ = 0;
 };
 
-// A stretch of a text, as it was when it was taken; converted only when somebody asks for it, and
+// An extract of a text, as it was when it was taken; converted only when somebody asks for it, and
 // nothing where the memory does not suffice for that.
 class DatosTexto : public QMimeData {
   Q_OBJECT
 
  public:
-  DatosTexto(Pieza pieza, const Codificacion& codificacion);
-  const Pieza& LaPieza() const { return pieza_; }
+  DatosTexto(Extracto extracto, const Codificacion& codificacion);
+  const Extracto& ElExtracto() const { return extracto_; }
   bool SoloFin(std::string_view fin) const;  // as RecuentoFines::Solo
   QStringList formats() const override;
 
@@ -61,9 +61,9 @@ class DatosTexto : public QMimeData {
   void timerEvent(QTimerEvent* evento) override;
 
  private:
-  Pieza pieza_;
+  Extracto extracto_;
   Codificacion codificacion_;
-  mutable RecuentoFines recuento_;  // of a large piece it goes on while nothing else is to do
+  mutable RecuentoFines recuento_;  // of a large extract it goes on while nothing else is to do
   QBasicTimer reloj_;
 };
 

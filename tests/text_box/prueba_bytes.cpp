@@ -27,11 +27,11 @@ TEST(Bytes, text_put_in_from_itself_is_what_it_was_before) {
 
 TEST(Bytes, loading_goes_on_behind_what_was_edited) {
   Bytes bytes;
-  for (const std::string_view trozo : {"uno ", "dos "}) {
+  for (const std::string_view tramo : {"uno ", "dos "}) {
     const std::span<char> sitio = bytes.ReservarFinal(3 << 20);
     ASSERT_GE(sitio.size(), 3U << 20);
-    trozo.copy(sitio.data(), trozo.size());
-    bytes.ConfirmarFinal(trozo.size());
+    tramo.copy(sitio.data(), tramo.size());
+    bytes.ConfirmarFinal(tramo.size());
     ASSERT_TRUE(bytes.Reemplazar(bytes.Tamano(), 0, "+"));
   }
   EXPECT_EQ(Todo(bytes), "uno +dos +");
@@ -45,7 +45,7 @@ TEST(Bytes, memory_that_is_not_to_be_had_changes_nothing) {
 
 TEST(Bytes, pieces_that_meet_again_become_one) {
   Bytes bytes = Con("uno dos tres");
-  std::vector<Trozo> sacados = bytes.Sustituir(4, 4, {});
+  std::vector<Pieza> sacados = bytes.Sustituir(4, 4, {});
   EXPECT_EQ(bytes.Tramos().size(), 2);
   EXPECT_EQ(Todo(bytes), "uno tres");
   EXPECT_TRUE(bytes.Sustituir(4, 0, std::move(sacados)).empty());
@@ -53,10 +53,10 @@ TEST(Bytes, pieces_that_meet_again_become_one) {
 }
 
 TEST(Bytes, what_was_taken_out_outlives_the_text) {
-  std::vector<Trozo> sacados;
+  std::vector<Pieza> sacados;
   {
     Bytes bytes = Con("uno dos tres");
-    sacados = bytes.Trozos(2, 6);
+    sacados = bytes.Piezas(2, 6);
     ASSERT_TRUE(bytes.Reemplazar(0, bytes.Tamano(), "otro"));
   }
   ASSERT_EQ(sacados.size(), 1);

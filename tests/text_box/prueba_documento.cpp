@@ -118,8 +118,8 @@ TEST(Documento, lines_of_a_big_piece_are_known_when_it_comes_back) {
                                      {1001, 900'003},
                                      {4096, 8 * 65536},
                                      {77, 1'400'001}}) {
-    Pieza copia = documento.Extracto(desde, hasta);
-    documento.Reemplazar(desde, hasta - desde, Pieza{}, Agrupacion::Sola);
+    Extracto copia = documento.Extraer(desde, hasta);
+    documento.Reemplazar(desde, hasta - desde, Extracto{}, Agrupacion::Sola);
     documento.Deshacer();
     EXPECT_EQ(documento.LineasDelTexto().Total(), lineas);
     documento.Reemplazar(9, 1, std::move(copia), Agrupacion::Sola);

@@ -1,24 +1,24 @@
-// The pieces in which a text lies in memory, addressed by position. Valid until the text changes.
+// Reads a text, piece by piece of the memory it lies in, by position. Valid until the text changes.
 #pragma once
 
 #include "text_box/bytes.h"
 
-class Trozos {
+class LectorTexto {
  public:
-  explicit Trozos(const Bytes& texto) : texto_(&texto), total_(texto.Tamano()) {}
+  explicit LectorTexto(const Bytes& texto) : texto_(&texto), total_(texto.Tamano()) {}
 
   Posicion Total() const { return total_; }
   unsigned char En(Posicion pos) const { return *Desde(pos); }
-  // The bytes from `pos` on, contiguous up to FinTrozo(pos). 0 <= pos <= Total().
+  // The bytes from `pos` on, contiguous up to FinDePieza(pos). 0 <= pos <= Total().
   const unsigned char* Desde(Posicion pos) const {
     Ir(pos);
     return base_ + (pos - inicio_);
   }
-  Posicion FinTrozo(Posicion pos) const {
+  Posicion FinDePieza(Posicion pos) const {
     Ir(pos);
     return inicio_ + static_cast<Posicion>(largo_);
   }
-  Posicion InicioTrozo(Posicion pos) const {
+  Posicion InicioDePieza(Posicion pos) const {
     Ir(pos);
     return inicio_;
   }
@@ -26,7 +26,7 @@ class Trozos {
   int EnOFin(Posicion pos) const { return pos < total_ ? En(pos) : -1; }
   // The bytes from `pos` up to `hasta`, or up to the end of the piece.
   std::string_view Tramo(Posicion pos, Posicion hasta) const {
-    const Posicion fin = FinTrozo(pos) < hasta ? FinTrozo(pos) : hasta;
+    const Posicion fin = FinDePieza(pos) < hasta ? FinDePieza(pos) : hasta;
     return {reinterpret_cast<const char*>(Desde(pos)), static_cast<std::size_t>(fin - pos)};
   }
 
@@ -54,10 +54,10 @@ class Trozos {
     if (!dentro) Buscar(pos);
   }
   void Buscar(Posicion pos) const {
-    const Bytes::Lugar lugar = texto_->Donde(pos);
-    inicio_ = lugar.inicio;
-    largo_ = static_cast<std::uint64_t>(lugar.fin - lugar.inicio);
-    base_ = reinterpret_cast<const unsigned char*>(lugar.datos) - (pos - inicio_);
+    const Bytes::PiezaSituada hallada = texto_->Donde(pos);
+    inicio_ = hallada.inicio;
+    largo_ = static_cast<std::uint64_t>(hallada.fin - hallada.inicio);
+    base_ = reinterpret_cast<const unsigned char*>(hallada.datos) - (pos - inicio_);
   }
 
   const Bytes* texto_;
