@@ -182,7 +182,7 @@ void FrmBorrar::CmdBorrar_Click(int indice) {
 }
 
 void FrmBorrar::ChkBorrar_Click() {
-  gral_.Confirmar = !ChkBorrar->isChecked();
+  gral_.opciones.Confirmar = !ChkBorrar->isChecked();
 }
 
 bool FrmBorrar::TxtAyuda_KeyPress(int codigo) {

@@ -102,8 +102,7 @@ void FrmMain::Form_Load() {
   EstablecerRutas(gral_, QCoreApplication::applicationDirPath());
   gral_.ArchivoNuevo = gral_.GuardarComo = gral_.VerOpciones = gral_.VerFavoritas = false;
   LeerAjustes();
-  gral_.perfil.Leer(gral_.ArchivoINI, u"Opciones", u"Favoritas", u"No");
-  if (gral_.perfil.EsSi()) {
+  if (gral_.opciones.Favoritas) {
     ImgMenu_Click(IconoFavoritas);
   }
   Texto().Mostrar();
@@ -119,8 +118,8 @@ void FrmMain::LeerAjustes() {
   const int arriba = leer(u"PosTam", u"PrinArriba", u"615").Entero16(615);
   PonerPosicion(izquierda, arriba);
   CarpetaActual = leer(u"Inicial", u"Carpeta", u"c:\\").Valor();
-  ActivarVisible = leer(u"Opciones", u"Visible", u"Si").EsSi();
-  gral_.Confirmar = leer(u"Opciones", u"Confirmar", u"Si").EsSi();
+  gral_.opciones.Leer(gral_.perfil, gral_.ArchivoINI, LeePrincipal);
+  ActivarVisible = gral_.opciones.Visible;
 }
 
 void FrmMain::Form_Resize() {
@@ -148,14 +147,10 @@ void FrmMain::Form_Unload() {
   const QString ini = gral_.ArchivoINI;
   const Perfil::Juntos juntos(gral_.perfil, ini);
   const RectTwips rect = Rectangulo();
-  const auto escribir_opcion = [&](QStringView clave, bool valor) {
-    gral_.perfil.EscribirBuffer(ini, u"Opciones", clave, valor ? u"Si" : u"No");
-  };
   gral_.perfil.Escribir(ini, u"PosTam", u"PrinIzda", QString::number(rect.izquierda));
   gral_.perfil.Escribir(ini, u"PosTam", u"PrinArriba", QString::number(rect.arriba));
   gral_.perfil.Escribir(ini, u"Inicial", u"Carpeta", CarpetaActual);
-  escribir_opcion(u"Visible", !ActivarVisible);
-  escribir_opcion(u"Confirmar", gral_.Confirmar);
+  gral_.opciones.Escribir(gral_.perfil, ini, EscribePrincipal);
   QCoreApplication::exit(0);
 }
 

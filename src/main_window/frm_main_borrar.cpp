@@ -15,7 +15,7 @@ void FrmMain::ComandoBorrar() {
   }
   FrmBorrar confirmacion(gral_, escritorio_, *this);
   gral_.AccionBorrar = AccionPapelera;
-  if (gral_.Confirmar) {
+  if (gral_.opciones.Confirmar) {
     gral_.AccionBorrar = AccionNada;
     confirmacion.MostrarModal(*this);
   }

@@ -109,6 +109,7 @@ void FrmMain::ComandoOpciones() {
 }
 
 void FrmMain::ComandoSVisible() {
+  gral_.opciones.Visible = ActivarVisible;
   escritorio_.encima.Poner(*this, ActivarVisible);
   ActivarVisible = !ActivarVisible;
   MostrarSinActivar();

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include "shared/opciones.h"
 #include "shared/perfil.h"
 #include "shared/texto_entero.h"
 
@@ -27,7 +28,7 @@ struct ModGral {
   bool GuardarComo = false;   // the main window is to run its save dialog when next active
   bool VerOpciones = false;   // the text window is to open its options panel when next active
   bool VerFavoritas = false;  // ... or its favourites manager
-  bool Confirmar = false;     // ask before a file is deleted
+  Opciones opciones;
 
   std::int16_t TotalFavoritas = 0;  // favourite folders last read or saved
   std::int16_t AccionBorrar = 0;    // 0: to the recycle bin, 1: only off the list, 2: nothing

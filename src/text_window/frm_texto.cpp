@@ -84,7 +84,7 @@ void FrmTexto::Form_Activate() {
   } else if (gral_.VerOpciones) {
     MostrarOpciones();
   } else if (gral_.VerFavoritas) {
-    Favoritas().GestionarFavoritas();
+    PanelFavoritas().GestionarFavoritas();
   } else if (gral_.ArchivoActual == ArchivoNinguno) {
     QuedarSinArchivo();
   } else if (gral_.ArchivoActual != gral_.ArchivoCargado) {

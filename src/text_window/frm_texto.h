@@ -35,8 +35,7 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   void CmdCancelar_Click();
   void CmdFuente_Click();
   void CmdFColor_Click();
-  void ChkAjustar_Click();  // shows the box that wraps, or the one that does not
-  void ChkConfirmar_Click();
+  void ChkAjustar_Click();    // shows the box that wraps, or the one that does not
   void CmdFavoritas_Click();  // from the options panel to the favourites manager
   void CmdCerrar_Click();     // closes the options panel and stores what it shows
   const Documento& ElDocumento() const { return documento_; }
@@ -45,9 +44,9 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   void CrearCajas();
   RectTwips LeerRectangulo();
 
-  FraGuardar& Guardar();
-  FraOpciones& Opciones();
-  FraFavoritas& Favoritas();
+  FraGuardar& PanelGuardar();
+  FraOpciones& PanelOpciones();
+  FraFavoritas& PanelFavoritas();
   void ColocarGuardar();
   void EsconderGuardar();
   void MostrarOpciones();
@@ -59,7 +58,6 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   void PonerFuente();
   void PonerColores();
   void PintarPaneles();
-  void MostrarCaja(bool ajustar);
 
   CajaTexto& CajaVisible();
   void PonerArchivo(const QString& archivo);
@@ -88,7 +86,6 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   FraGuardar* FraGuardar_ = nullptr;    // null until they are needed
   FraOpciones* FraOpciones_ = nullptr;
   FraFavoritas* FraFavoritas_ = nullptr;
-  bool favoritas_al_inicio_ = false;  // as stored; its check box, once made, has the say
   Aspecto aspecto_;
   NumeroColor color_dialogo_ = NumeroNegro;  // what the font and colour dialogs held last
 };

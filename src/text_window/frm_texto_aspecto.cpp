@@ -5,12 +5,9 @@
 #include "text_window/panel_opciones.h"
 
 void FrmTexto::LeerOpciones() {
-  constexpr QStringView seccion = u"Opciones";
   aspecto_ = LeerAspecto(gral_.perfil, gral_.ArchivoINI);
-  gral_.perfil.Leer(gral_.ArchivoINI, seccion, u"Ajustar", u"Si");
-  MostrarCaja(gral_.perfil.EsSi());
-  gral_.perfil.Leer(gral_.ArchivoINI, seccion, u"Favoritas", u"No");
-  favoritas_al_inicio_ = gral_.perfil.EsSi();
+  gral_.opciones.Leer(gral_.perfil, gral_.ArchivoINI, LeeTexto);
+  ChkAjustar_Click();
   PonerFuente();
   PonerColores();
 }
@@ -70,14 +67,10 @@ void FrmTexto::CmdFColor_Click() {
   PonerColores();
 }
 
-void FrmTexto::ChkAjustar_Click() {
-  MostrarCaja(Opciones().ChkAjustar->isChecked());
-}
-
 // Both boxes show one document; the reader stays where the reading was.
-void FrmTexto::MostrarCaja(bool ajustar) {
+void FrmTexto::ChkAjustar_Click() {
   CajaTexto& antes = CajaVisible();
-  CajaTexto& ahora = *TextBox[ajustar ? 0 : 1];
+  CajaTexto& ahora = *TextBox[gral_.opciones.Ajustar ? 0 : 1];
   if (&antes == &ahora) {
     return;
   }

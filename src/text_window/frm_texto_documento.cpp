@@ -35,7 +35,7 @@ void FrmTexto::MostrarTextoNuevo() {
     documento_.Vaciar();
     PonerSinArchivo(TituloNuevo);
   }
-  Guardar().show();
+  PanelGuardar().show();
 }
 
 void FrmTexto::QuedarSinArchivo() {
@@ -112,7 +112,7 @@ void FrmTexto::FaltaMemoria() {
 }
 
 void FrmTexto::MarcarEdicion() {
-  Guardar().show();
+  PanelGuardar().show();
   if (Titulo() == TituloSinArchivo) {
     gral_.ArchivoNuevo = true;
     PonerSinArchivo(TituloNuevo);

@@ -11,7 +11,7 @@ constexpr int MargenGuardar = 1590;
 
 }  // namespace
 
-FraGuardar& FrmTexto::Guardar() {
+FraGuardar& FrmTexto::PanelGuardar() {
   if (FraGuardar_ == nullptr) {
     FraGuardar_ = new FraGuardar(this);
     connect(FraGuardar_->CmdGuardar, &QToolButton::clicked, this, &FrmTexto::CmdGuardar_Click);
@@ -29,16 +29,13 @@ FraGuardar& FrmTexto::Guardar() {
   return *FraGuardar_;
 }
 
-FraOpciones& FrmTexto::Opciones() {
+FraOpciones& FrmTexto::PanelOpciones() {
   if (FraOpciones_ == nullptr) {
-    FraOpciones_ = new FraOpciones(this);
+    FraOpciones_ = new FraOpciones(gral_.opciones, this);
     const FraOpciones& panel = *FraOpciones_;
-    panel.ChkAjustar->setChecked(TextBox[1]->isHidden());
-    panel.ChkFavoritas->setChecked(favoritas_al_inicio_);
     connect(panel.CmdFuente, &QToolButton::clicked, this, &FrmTexto::CmdFuente_Click);
     connect(panel.CmdFColor, &QToolButton::clicked, this, &FrmTexto::CmdFColor_Click);
-    connect(panel.ChkConfirmar, &QCheckBox::toggled, this, &FrmTexto::ChkConfirmar_Click);
-    connect(panel.ChkAjustar, &QCheckBox::toggled, this, &FrmTexto::ChkAjustar_Click);
+    connect(&panel, &FraOpciones::OpcionCambiada, this, &FrmTexto::ChkAjustar_Click);
     connect(panel.CmdFavoritas, &QToolButton::clicked, this, &FrmTexto::CmdFavoritas_Click);
     connect(panel.CmdCerrar, &QPushButton::clicked, this, &FrmTexto::CmdCerrar_Click);
     PintarPaneles();
@@ -46,7 +43,7 @@ FraOpciones& FrmTexto::Opciones() {
   return *FraOpciones_;
 }
 
-FraFavoritas& FrmTexto::Favoritas() {
+FraFavoritas& FrmTexto::PanelFavoritas() {
   if (FraFavoritas_ == nullptr) {
     FraFavoritas_ = new FraFavoritas(gral_, escritorio_.unidades, this);
     connect(FraFavoritas_, &FraFavoritas::Cerrado, this, [this] { CajaVisible().setFocus(); });
@@ -68,9 +65,9 @@ void FrmTexto::EsconderGuardar() {
 }
 
 void FrmTexto::MostrarOpciones() {
-  Opciones().ChkConfirmar->setChecked(gral_.Confirmar);
-  Opciones().show();
-  Opciones().CmdFuente->setFocus();
+  PanelOpciones().MostrarOpciones();
+  PanelOpciones().show();
+  PanelOpciones().CmdFuente->setFocus();
 }
 
 bool FrmTexto::VeOpciones() const {
@@ -90,26 +87,16 @@ void FrmTexto::CerrarPaneles() {
   }
 }
 
-void FrmTexto::ChkConfirmar_Click() {
-  gral_.Confirmar = Opciones().ChkConfirmar->isChecked();
-}
-
 void FrmTexto::CmdFavoritas_Click() {
   CmdCerrar_Click();
-  Favoritas().GestionarFavoritas();
+  PanelFavoritas().GestionarFavoritas();
 }
 
 void FrmTexto::CmdCerrar_Click() {
   gral_.VerOpciones = false;
-  Opciones().hide();
+  PanelOpciones().hide();
   CajaVisible().setFocus();
   const Perfil::Juntos juntos(gral_.perfil, gral_.ArchivoINI);
   EscribirAspecto(gral_.perfil, gral_.ArchivoINI, aspecto_);
-  const auto escribir = [this](QStringView clave, const QCheckBox* casilla) {
-    gral_.perfil.EscribirBuffer(gral_.ArchivoINI, u"Opciones", clave,
-                                casilla->isChecked() ? u"Si" : u"No");
-  };
-  escribir(u"Ajustar", Opciones().ChkAjustar);
-  escribir(u"Favoritas", Opciones().ChkFavoritas);
-  escribir(u"Confirmar", Opciones().ChkConfirmar);
+  gral_.opciones.Escribir(gral_.perfil, gral_.ArchivoINI, EscribePanel);
 }

@@ -19,8 +19,8 @@ struct Boton {
   RectTwips rect;
 };
 
-struct Casilla {
-  QCheckBox* FraOpciones::*control;
+struct FilaCasilla {
+  bool Opciones::*opcion;
   QString nombre;
   QString texto;
   RectTwips rect;
@@ -29,11 +29,18 @@ struct Casilla {
 }  // namespace
 
 // The controls are made in the order in which Tab walks through them.
-FraOpciones::FraOpciones(QWidget* padre)
-    : MarcoTitulado(padre, QStringLiteral("FraOpciones"), QStringLiteral("Opciones:"), RectPanel) {
+FraOpciones::FraOpciones(Opciones& opciones, QWidget* padre)
+    : MarcoTitulado(padre, QStringLiteral("FraOpciones"), QStringLiteral("Opciones:"), RectPanel),
+      opciones_(opciones) {
   CrearBotones();
   CrearCasillas();
   CmdCerrar = CrearCerrar(QStringLiteral("CmdCerrar"), RectCerrar);
+}
+
+void FraOpciones::MostrarOpciones() {
+  for (const auto& [control, opcion] : casillas_) {
+    control->setChecked(opciones_.*opcion);
+  }
 }
 
 void FraOpciones::CrearBotones() {
@@ -68,26 +75,29 @@ void FraOpciones::CrearBotones() {
 }
 
 void FraOpciones::CrearCasillas() {
-  const auto casillas = std::to_array<Casilla>({
-      {&FraOpciones::ChkConfirmar,
+  const auto casillas = std::to_array<FilaCasilla>({
+      {&Opciones::Confirmar,
        QStringLiteral("ChkConfirmar"),
        QStringLiteral("Mostrar\ndiálogo al\neliminar un\narchivo"),
        {1820, 1680, 1095, 795}},
-      {&FraOpciones::ChkFavoritas,
+      {&Opciones::Favoritas,
        QStringLiteral("ChkFavoritas"),
        QStringLiteral("Abrir carpetas favoritas al inicio"),
        {120, 2640, 2535, 195}},
-      {&FraOpciones::ChkAjustar,
+      {&Opciones::Ajustar,
        QStringLiteral("ChkAjustar"),
        QStringLiteral("Ajustar el texto a la ventana"),
        {120, 3000, 2535, 195}},
   });
-  for (const Casilla& una : casillas) {
+  for (const FilaCasilla& una : casillas) {
     auto* casilla = new QCheckBox(una.texto, this);
     Colocar(*casilla, una.nombre, una.rect);
     casilla->resize(casilla->size().expandedTo({casilla->sizeHint().width(), 0}));
     casilla->setAccessibleName(QString(una.texto).replace(u'\n', u' '));
-    this->*una.control = casilla;
+    casillas_.push_back({casilla, una.opcion});
+    connect(casilla, &QCheckBox::toggled, this, [this, opcion = una.opcion](bool marcada) {
+      opciones_.*opcion = marcada;
+      emit OpcionCambiada();
+    });
   }
-  ChkAjustar->setChecked(true);
 }

@@ -20,7 +20,7 @@ class Borrado : public testing::Test {
   void SetUp() override {
     principal.PonerRectangulo({1000, 2000, 3000, 4000});
     gral.ArchivoActual = "/un/ñ [*].txt";
-    gral.Confirmar = true;
+    gral.opciones.Confirmar = true;
     gral.AccionBorrar = AccionNada;
     ventana.Mostrar();
     EXPECT_TRUE(QTest::qWaitFor([&] { return ventana.isActiveWindow(); }));
@@ -94,7 +94,7 @@ TEST_F(Borrado, enter_presses_nothing_and_the_space_bar_what_has_the_focus) {
     QTest::keyClick(ventana.windowHandle(), Qt::Key_Enter);
   }
   EXPECT_TRUE(ventana.Visible());
-  EXPECT_TRUE(gral.Confirmar);
+  EXPECT_TRUE(gral.opciones.Confirmar);
   Casilla()->setFocus();
   for (QWidget* control : {Boton(0), Boton(1), Boton(2), Boton(0)}) {
     QTest::keyClick(ventana.windowHandle(), Qt::Key_Tab);

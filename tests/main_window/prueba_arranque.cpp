@@ -8,7 +8,7 @@ TEST_F(Arranque, a_first_run_takes_the_defaults_and_writes_them_in_their_order_a
   EXPECT_EQ(principal->size(), QSize(150, 327));
   EXPECT_EQ(Titulo(), "Archivo: ?");
   EXPECT_EQ(escritorio.activacion.Activa(), Texto());
-  EXPECT_TRUE(gral->Confirmar);
+  EXPECT_TRUE(gral->opciones.Confirmar);
   principal->Cerrar();
   const QString blancos(98, u' ');
   EXPECT_EQ(ajustes.escritas.join('|'),

@@ -69,7 +69,7 @@ TEST_F(Borrar, each_choice_does_what_it_says) {
 }
 
 TEST_F(Borrar, without_the_question_the_file_goes_at_once_and_the_last_one_leaves_nothing) {
-  gral->Confirmar = false;
+  gral->opciones.Confirmar = false;
   Abrir(Archivo("ñ con blancos", "x"));
   EXPECT_FALSE(Confirmando(Cerrando));
   EXPECT_EQ(escritorio.papelera.enviadas, QStringList(Ruta("ñ con blancos")));
@@ -104,7 +104,7 @@ TEST_F(Borrar, nothing_selected_is_refused) {
 
 TEST_F(Borrar, a_file_is_erased_for_good_only_when_the_user_says_so) {
   AbrirTres();
-  gral->Confirmar = false;
+  gral->opciones.Confirmar = false;
   struct Caso {
     Envio envio;
     bool respuesta;

@@ -35,7 +35,7 @@ TEST_F(Menu, hovering_names_the_command_and_shows_one_highlight) {
 // One gesture, one command; the click after it is another.
 TEST_F(Menu, a_double_click_runs_its_command_once) {
   AbrirTodos({"a", "b", "c", "d"});
-  gral->Confirmar = false;
+  gral->opciones.Confirmar = false;
   for (const int enviadas : {1, 2}) {
     QTest::mouseClick(Hijo("ImgMenu", 2), Qt::LeftButton);
     QTest::mouseDClick(Hijo("ImgMenu", 2), Qt::LeftButton);  // its second press
@@ -118,7 +118,7 @@ TEST_F(Menu, open_delete_and_options_wait_while_a_new_text_is_under_way) {
   PulsarIcono(1);
   Abrir(Archivo("b", "b"));
   EXPECT_EQ(escritorio.dialogos.abrir.size(), 1U);
-  gral->Confirmar = false;
+  gral->opciones.Confirmar = false;
   PulsarIcono(2);
   EXPECT_EQ(Total(), "01");
   PulsarIcono(4);

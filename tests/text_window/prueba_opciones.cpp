@@ -20,6 +20,7 @@ class LasOpciones : public MesaTexto {
     return *texto->findChild<Control*>(QString::fromLatin1(nombre));
   }
   FraOpciones& Panel() const { return El<FraOpciones>("FraOpciones"); }
+  QCheckBox& Casilla(const char* nombre) const { return El<QCheckBox>(nombre); }
   CajaTexto& Caja(int i) const { return El<CajaTexto>(i == 0 ? "TextBox(0)" : "TextBox(1)"); }
   bool SeVe(const QWidget& control) const { return control.isVisibleTo(texto.get()); }
 
@@ -51,10 +52,10 @@ TEST_F(LasOpciones, a_first_start_wraps_in_black_courier_on_white) {
     EXPECT_EQ(Caja(i).ColorFondo(), QColor(Qt::white));
   }
   AbrirPanel();
-  EXPECT_TRUE(Panel().ChkAjustar->isChecked());
-  EXPECT_FALSE(Panel().ChkFavoritas->isChecked());
+  EXPECT_TRUE(Casilla("ChkAjustar").isChecked());
+  EXPECT_FALSE(Casilla("ChkFavoritas").isChecked());
   EXPECT_EQ(Fondo(Panel()), QColor(Qt::white));
-  EXPECT_EQ(Letra(*Panel().ChkAjustar), QColor(Qt::black));
+  EXPECT_EQ(Letra(Casilla("ChkAjustar")), QColor(Qt::black));
 }
 
 TEST_F(LasOpciones, the_stored_appearance_is_there_from_the_start) {
@@ -65,8 +66,8 @@ TEST_F(LasOpciones, the_stored_appearance_is_there_from_the_start) {
   EXPECT_EQ(Caja(1).Fuente(), FuenteDe({"Arial", 12.5, false, true}));
   EXPECT_EQ(Caja(1).ColorTexto(), QColor(Qt::white));
   AbrirPanel();
-  EXPECT_TRUE(Panel().ChkFavoritas->isChecked());
-  EXPECT_FALSE(Panel().ChkAjustar->isChecked());
+  EXPECT_TRUE(Casilla("ChkFavoritas").isChecked());
+  EXPECT_FALSE(Casilla("ChkAjustar").isChecked());
   EXPECT_EQ(Letra(Panel()), QColor(Qt::white));
   EXPECT_EQ(Fondo(Panel()), QColor(Qt::black));
 }
@@ -74,10 +75,10 @@ TEST_F(LasOpciones, the_stored_appearance_is_there_from_the_start) {
 TEST_F(LasOpciones, leaving_for_the_main_window_closes_the_panel_and_stores_eleven_values) {
   Abrir();
   for (const bool confirmar : {true, false}) {
-    gral.Confirmar = confirmar;
+    gral.opciones.Confirmar = confirmar;
     AbrirPanel();
     EXPECT_TRUE(SeVe(Panel()));
-    EXPECT_EQ(Panel().ChkConfirmar->isChecked(), confirmar);
+    EXPECT_EQ(Casilla("ChkConfirmar").isChecked(), confirmar);
     principal.DarFoco();
     EXPECT_FALSE(SeVe(Panel()));
     EXPECT_FALSE(gral.VerOpciones);
@@ -93,9 +94,9 @@ TEST_F(LasOpciones, leaving_for_the_main_window_closes_the_panel_and_stores_elev
 TEST_F(LasOpciones, closing_the_window_stores_the_options_before_its_place) {
   Abrir();
   AbrirPanel();
-  Panel().ChkAjustar->click();
-  Panel().ChkConfirmar->click();
-  EXPECT_TRUE(gral.Confirmar) << "at once";
+  Casilla("ChkAjustar").click();
+  Casilla("ChkConfirmar").click();
+  EXPECT_FALSE(gral.opciones.Confirmar) << "at once";
   texto->Cerrar();
   EXPECT_EQ(Claves().mid(0, 1) + Claves().mid(12, 4),
             QStringList({"[Fuente]", "Favoritas", "Confirmar", "[PosTam]", "TextoEdo"}));
@@ -116,8 +117,8 @@ TEST_F(LasOpciones, a_chosen_font_and_background_spread_over_the_window_but_not_
     EXPECT_EQ(Caja(i).ColorTexto(), QColor(Qt::red));
     EXPECT_EQ(Caja(i).ColorFondo(), QColor(Qt::yellow));
   }
-  const QWidget* pintados[] = {&Panel(), Panel().ChkFavoritas, Panel().ChkAjustar,
-                               Panel().ChkConfirmar};
+  const QWidget* pintados[] = {&Panel(), &Casilla("ChkFavoritas"), &Casilla("ChkAjustar"),
+                               &Casilla("ChkConfirmar")};
   for (const QWidget* control : pintados) {
     EXPECT_EQ(Letra(*control), QColor(Qt::red)) << qPrintable(control->objectName());
     EXPECT_EQ(Fondo(*control), QColor(Qt::yellow)) << qPrintable(control->objectName());
@@ -186,7 +187,7 @@ TEST_F(LasOpciones, switching_the_wrap_keeps_caret_selection_and_the_first_line_
   Caja(0).PonerCursor(2005, 2000);
   Caja(0).PonerArriba(1500);
   for (const int i : {1, 0}) {
-    Panel().ChkAjustar->click();
+    Casilla("ChkAjustar").click();
     EXPECT_TRUE(SeVe(Caja(i)) && !SeVe(Caja(1 - i)));
     EXPECT_EQ(Caja(i).Cursor(), 2005);
     EXPECT_EQ(Caja(i).Ancla(), 2000);
