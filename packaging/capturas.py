@@ -8,6 +8,7 @@ build/release/bin is taken and help/imagenes is filled.
 import contextlib
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -23,8 +24,8 @@ DESTINOS = [RAIZ / "build/release/bin", RAIZ / "help/imagenes"]
 GESTOR = pathlib.Path("/etc/xdg/openbox/rc.xml")
 SEPARACION = 12  # pixels between windows in one picture
 COLORES = 160  # enough for these windows; a picture with its palette is a third of the size
-ICONOS = ("abrir", "nuevo", "borrar", "informacion", "opciones", "favoritas", "visible", "anterior",
-          "siguiente", "ayuda")  # seleccion_0.svg, ...
+ICONOS = re.findall(r"^ICONO\((\w+)", (RAIZ / "src/main_window/iconos.inc").read_text("utf-8"),
+                    re.M)  # seleccion_0.svg, ...
 AUMENTO = "1.5"  # of the icons, for screens with small pixels
 # Pixels inside the text window.
 SELEC_FAVORITAS, LEJOS = (55, 135), (400, 250)
@@ -106,7 +107,7 @@ def retratar(e, archivo, *ventanas):
 def dibujar_iconos(carpeta):
     for indice, nombre in enumerate(ICONOS):
         subprocess.run(["rsvg-convert", "--zoom", AUMENTO, "--output",
-                        carpeta / f"icono_{nombre}.png",
+                        carpeta / f"icono_{nombre.lower()}.png",
                         RAIZ / "assets" / f"seleccion_{indice}.svg"], check=True)
 
 

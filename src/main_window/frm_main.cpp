@@ -28,9 +28,6 @@ constexpr QColor ColorRotulo(0x10, 0x53, 0x4b);
 
 constexpr std::chrono::milliseconds EsperaError{4000};
 
-constexpr int IconoFavoritas = 5;
-constexpr int IconoVisible = 6;
-
 QLabel* Etiqueta(QWidget* padre, const QString& nombre, const RectTwips& rect) {
   auto* etiqueta = new QLabel(padre);
   Colocar(*etiqueta, nombre, rect);

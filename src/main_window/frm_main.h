@@ -22,7 +22,12 @@ class FrmMain : public Ventana {
   Q_OBJECT
 
  public:
-  static constexpr int Iconos = 10;
+  // The numbers of the icons: IconoAbrir, IconoNuevo ...
+  enum : int {
+#define ICONO(comando, ...) Icono##comando,
+#include "main_window/iconos.inc"
+    Iconos
+  };
 
   FrmMain(ModGral& gral, const Escritorio& escritorio);
   ~FrmMain() override;
@@ -39,9 +44,8 @@ class FrmMain : public Ventana {
 
   void AgregarArchivo();  // lists the file of ArchivoActual, or selects its entry
   void ListBox_Click();
-  void ListBox_KeyDown(int codigo);  // 46 is Delete
-  void AbrirFavoritas(
-      const QStringList& carpetas);  // lists the text files of the favourite folders
+  void ListBox_KeyDown(int codigo);                  // 46 is Delete
+  void AbrirFavoritas(const QStringList& carpetas);  // lists their text files
   void TmrError_Timer();
 
  protected:
@@ -67,16 +71,8 @@ class FrmMain : public Ventana {
   void PonerRotulo(const QString& rotulo);
   void PintarRotulo(QPainter& pintor) const;
 
-  void ComandoAbrir();
-  void ComandoNuevo();
-  void ComandoOpciones();
-  void ComandoBorrar();
-  void ComandoInformacion();
-  void ComandoFavoritas();
-  void ComandoSVisible();
-  void ComandoAnterior();
-  void ComandoSiguiente();
-  void ComandoAyuda();
+#define ICONO(comando, ...) void Comando##comando();
+#include "main_window/iconos.inc"
 
   PeticionArchivo Peticion(const QString& titulo) const;
   void EnviarPapelera(const QString& ruta);

@@ -10,25 +10,11 @@
 #include "platform/imagen.h"
 #include "text_window/frm_texto.h"
 
-namespace {
-
-constexpr int IconoVisible = 6;
-
-}  // namespace
-
 const std::array<FrmMain::Comando, FrmMain::Iconos>& FrmMain::Comandos() {
-  using F = FrmMain;
-  static const std::array<Comando, Iconos> comandos{{
-      {u"Abrir", {240, 50, 435, 540}, {135, 0, 570, 585}, true, &F::ComandoAbrir},
-      {u"Nuevo", {920, 80, 435, 435}, {915, 0, 465, 600}, false, &F::ComandoNuevo},
-      {u"Borrar", {1580, 80, 435, 435}, {1560, 30, 480, 540}, true, &F::ComandoBorrar},
-      {u"Información", {80, 870, 435, 435}, {45, 840, 495, 480}, false, &F::ComandoInformacion},
-      {u"Opciones", {620, 870, 435, 435}, {540, 870, 585, 525}, true, &F::ComandoOpciones},
-      {u"Favoritas", {1230, 870, 435, 435}, {1155, 840, 570, 510}, false, &F::ComandoFavoritas},
-      {u"S.Visible", {1800, 870, 410, 435}, {1750, 840, 450, 495}, false, &F::ComandoSVisible},
-      {u"Anterior", {1365, 1530, 315, 315}, {1290, 1405, 480, 495}, false, &F::ComandoAnterior},
-      {u"Siguiente", {1830, 1530, 315, 315}, {1770, 1405, 465, 495}, false, &F::ComandoSiguiente},
-      {u"Ayuda", {1940, 4600, 315, 300}, {1890, 4560, 360, 345}, false, &F::ComandoAyuda},
+  static constexpr std::array<Comando, Iconos> comandos{{
+#define ICONO(comando, texto, mi, ma, mancho, malto, si, sa, sancho, salto, espera) \
+  {texto, {mi, ma, mancho, malto}, {si, sa, sancho, salto}, espera, &FrmMain::Comando##comando},
+#include "main_window/iconos.inc"
   }};
   return comandos;
 }
@@ -108,7 +94,7 @@ void FrmMain::ComandoOpciones() {
   TraerTexto();
 }
 
-void FrmMain::ComandoSVisible() {
+void FrmMain::ComandoVisible() {
   gral_.opciones.Visible = ActivarVisible;
   escritorio_.encima.Poner(*this, ActivarVisible);
   ActivarVisible = !ActivarVisible;
