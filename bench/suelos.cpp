@@ -10,6 +10,7 @@
 #include "bench/tabla.h"
 #include "bench/textos.h"
 #include "shared/descriptor.h"
+#include "shared/rutas.h"
 
 void EscribirArchivo(const QString& ruta, std::int64_t bytes) {
   const std::string texto = Texto(Lineas80, bytes);

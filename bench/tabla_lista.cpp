@@ -13,6 +13,7 @@
 #include "main_window/lista_archivos.h"
 #include "shared/descriptor.h"
 #include "shared/favoritas.h"
+#include "shared/rutas.h"
 
 namespace {
 

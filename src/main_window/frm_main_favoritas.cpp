@@ -6,14 +6,11 @@
 
 #include "main_window/frm_main.h"
 #include "shared/favoritas.h"
+#include "shared/rutas.h"
 
 namespace {
 
 constexpr int MargenError = 2;  // pixels around the notice
-
-QString ConBarra(const QString& carpeta) {
-  return carpeta.endsWith(SeparadorRuta) ? carpeta : carpeta + SeparadorRuta;
-}
 
 }  // namespace
 

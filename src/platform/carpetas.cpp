@@ -18,6 +18,7 @@
 #include "shared/constantes.h"
 #include "shared/descriptor.h"
 #include "shared/orden.h"
+#include "shared/rutas.h"
 
 namespace {
 

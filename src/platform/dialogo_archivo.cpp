@@ -13,6 +13,8 @@
 #include <QSplitter>
 #include <QToolButton>
 
+#include "shared/rutas.h"
+
 namespace {
 
 constexpr QSize Tamano(640, 440);  // pixels
@@ -47,7 +49,7 @@ QString ConCasa(const QString& ruta) {
 }
 
 bool Cabe(const QString& ruta) {
-  return QFile::encodeName(ruta.section(u'/', -1)).size() <= NAME_MAX;
+  return RutaDelSistema(ruta.section(u'/', -1)).size() <= NAME_MAX;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <climits>
 #include <unistd.h>
 
@@ -10,10 +11,9 @@
 
 #include "shared/archivo.h"
 #include "shared/constantes.h"
+#include "shared/rutas.h"
 
 namespace {
-
-constexpr int MaximoEnlaces = 40;  // as the system itself follows
 
 constexpr std::array<QLatin1StringView, 16> TiposDeRed{
     QLatin1StringView("9p"),       QLatin1StringView("afs"),   QLatin1StringView("autofs"),
@@ -24,33 +24,14 @@ constexpr std::array<QLatin1StringView, 16> TiposDeRed{
     QLatin1StringView("virtiofs"),
 };
 
-int Octal(QByteArrayView cifras) {
-  int numero = 0;
-  for (const char cifra : cifras) {
-    if (cifra < '0' || cifra > '7') return -1;
-    numero = numero * 8 + (cifra - '0');
-  }
-  return numero;
-}
-
 // Blanks, line ends and backslashes stand there as "\040".
-QString SinEscapes(QByteArrayView campo) {
-  constexpr int Cifras = 3;
-  QByteArray bytes;
-  for (qsizetype i = 0; i < campo.size(); ++i) {
-    const bool escape = campo[i] == '\\' && i + Cifras < campo.size();
-    const int numero = escape ? Octal(campo.sliced(i + 1, Cifras)) : -1;
-    bytes += numero < 0 ? campo[i] : static_cast<char>(numero);
-    if (numero >= 0) i += Cifras;
-  }
-  return QFile::decodeName(bytes);
-}
+constexpr Escape EscapeOctal{"\\", 3, 8};
 
 // Where a symbolic link leads; empty when the path is none.
 QString Destino(const QString& ruta) {
   std::array<char, PATH_MAX> destino{};
   const ssize_t largo =
-      ::readlink(QFile::encodeName(ruta).constData(), destino.data(), destino.size());
+      ::readlink(RutaDelSistema(ruta).constData(), destino.data(), destino.size());
   return largo <= 0 ? QString() : QFile::decodeName(QByteArray(destino.data(), largo));
 }
 
@@ -60,6 +41,22 @@ QStringList Partes(const QString& ruta) {
 
 }  // namespace
 
+QString SinEscapes(QByteArrayView texto, const Escape& escape) {
+  const auto cuantos = escape.marca.size() + escape.cifras;
+  QByteArray bytes;
+  while (!texto.isEmpty()) {
+    unsigned numero = 0;
+    const bool cabe = texto.startsWith(escape.marca) && texto.size() >= cuantos;
+    const char* fin = texto.data() + (cabe ? cuantos : 0);
+    const bool es =
+        cabe &&
+        std::from_chars(texto.data() + escape.marca.size(), fin, numero, escape.base).ptr == fin;
+    bytes += es ? static_cast<char>(numero) : texto.front();
+    texto = texto.sliced(es ? cuantos : 1);
+  }
+  return QFile::decodeName(bytes);
+}
+
 std::vector<Montaje> LeerMontajes(QByteArrayView contenido) {
   constexpr int CamposAntes = 6;  // then optional ones up to a "-", then type and source
   std::vector<Montaje> montajes;
@@ -67,8 +64,9 @@ std::vector<Montaje> LeerMontajes(QByteArrayView contenido) {
     const QList<QByteArray> campos = linea.split(' ');
     const qsizetype raya = campos.indexOf("-", CamposAntes);
     if (raya < 0 || raya + 2 >= campos.size()) continue;
-    montajes.push_back({QString::fromLatin1(campos[2]), SinEscapes(campos[4]),
-                        SinEscapes(campos[raya + 1]), SinEscapes(campos[raya + 2])});
+    montajes.push_back({QString::fromLatin1(campos[2]), SinEscapes(campos[4], EscapeOctal),
+                        SinEscapes(campos[raya + 1], EscapeOctal),
+                        SinEscapes(campos[raya + 2], EscapeOctal)});
   }
   return montajes;
 }
@@ -84,8 +82,7 @@ bool EsDeRed(const Montaje& montaje) {
 }
 
 bool EstaEn(const QString& ruta, const QString& carpeta) {
-  return ruta == carpeta ||
-         ruta.startsWith(carpeta.endsWith(SeparadorRuta) ? carpeta : carpeta + SeparadorRuta);
+  return ruta == carpeta || ruta.startsWith(ConBarra(carpeta));
 }
 
 const Montaje* MontajeDe(const std::vector<Montaje>& montajes, const QString& ruta) {

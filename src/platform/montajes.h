@@ -14,6 +14,15 @@ struct Montaje {
   QString origen;       // "/dev/sdb1", "server:/share"
 };
 
+// How a byte is written in the texts of the system that cannot have it as it is: a mark, then
+// digits.
+struct Escape {
+  QByteArrayView marca;
+  qsizetype cifras;
+  int base;
+};
+QString SinEscapes(QByteArrayView texto, const Escape& escape);
+
 // The lines of proc_pid_mountinfo(5), in their order: a later one covers an earlier one.
 std::vector<Montaje> LeerMontajes(QByteArrayView contenido);
 std::vector<Montaje> MontajesActuales();

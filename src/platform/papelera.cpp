@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QLibrary>
 
+#include "shared/rutas.h"
+
 #undef signals  // a name in the headers of GIO
 #include <gio/gio.h>
 
@@ -47,7 +49,7 @@ using Objeto = std::unique_ptr<T, decltype(&g_object_unref)>;
 
 // Of the plain file system: asking the desktop's own would start its services.
 Objeto<GFile> ArchivoEn(const Gio& gio, const QString& ruta) {
-  const QByteArray en_sistema = QFile::encodeName(ruta);
+  const QByteArray en_sistema = RutaDelSistema(ruta);
   return {gio.vfs_get_file_for_path(gio.vfs_get_local(), en_sistema), gio.object_unref};
 }
 
@@ -65,7 +67,7 @@ bool PuedeEliminarse(const Gio& gio, GFile* archivo) {
 // under a longer one first. When that fails the file is sent all the same, and cannot be restored.
 bool CabeEnPapelera(const QString& ruta) {
   constexpr qsizetype MasLargo = std::char_traits<char>::length(".9999.trashinfo.XXXXXX");
-  const QByteArray en_sistema = QFile::encodeName(ruta);
+  const QByteArray en_sistema = RutaDelSistema(ruta);
   const qsizetype barra = en_sistema.lastIndexOf('/') + 1;
   const long maximo = ::pathconf(en_sistema.left(barra).constData(), _PC_NAME_MAX);
   // Where names may have more bytes their length is counted in letters.

@@ -11,6 +11,7 @@
 
 #include "shared/constantes.h"
 #include "shared/orden.h"
+#include "shared/rutas.h"
 
 namespace {
 
@@ -24,19 +25,7 @@ bool EsVolumen(const Montaje& montaje) {
 }
 
 // "\x20" stands for a blank in the names of /dev/disk/by-label.
-QString SinEscapes(const QString& nombre) {
-  constexpr int Cifras = 2;
-  constexpr int Base = 16;
-  QByteArray bytes;
-  const QByteArray escrito = QFile::encodeName(nombre);
-  for (qsizetype i = 0; i < escrito.size(); ++i) {
-    bool escape = escrito.mid(i, 2) == "\\x";
-    const int numero = escape ? escrito.mid(i + 2, Cifras).toInt(&escape, Base) : 0;
-    bytes += escape ? static_cast<char>(numero) : escrito[i];
-    i += escape ? Cifras + 1 : 0;
-  }
-  return QFile::decodeName(bytes);
-}
+constexpr Escape EscapeHexadecimal{"\\x", 2, 16};
 
 // What its owner called the volume; empty when it has no label.
 QString Etiqueta(const Montaje& montaje) {
@@ -47,7 +36,8 @@ QString Etiqueta(const Montaje& montaje) {
   const auto suya = std::find_if(etiquetas.begin(), etiquetas.end(), [&](const QFileInfo& una) {
     return una.canonicalFilePath() == aparato;
   });
-  return suya == etiquetas.end() ? QString() : SinEscapes(suya->fileName());
+  return suya == etiquetas.end() ? QString()
+                                 : SinEscapes(RutaDelSistema(suya->fileName()), EscapeHexadecimal);
 }
 
 // The folder in which volumes come and go, on the way to this folder: /mnt, /media/USER.

@@ -10,6 +10,7 @@
 #include <QFile>
 
 #include "shared/reemplazo.h"
+#include "shared/rutas.h"
 
 namespace {
 

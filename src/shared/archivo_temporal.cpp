@@ -52,8 +52,7 @@ bool EsNombre(std::string_view nombre) {
 enum class Cerrojo { Tomado, Ajeno, NoHay };
 
 Cerrojo Bloquear(int descriptor) {
-  int devuelto = ::flock(descriptor, LOCK_EX | LOCK_NB);
-  while (devuelto < 0 && errno == EINTR) devuelto = ::flock(descriptor, LOCK_EX | LOCK_NB);
+  const int devuelto = Repetir([&] { return ::flock(descriptor, LOCK_EX | LOCK_NB); });
   if (devuelto == 0) return Cerrojo::Tomado;
   return errno == EWOULDBLOCK ? Cerrojo::Ajeno : Cerrojo::NoHay;
 }
@@ -179,12 +178,10 @@ Resultado ArchivoTemporal::HacerCopiaDe(ino_t nodo) {
 void QuitarRestos(int carpeta) {
   auto lista = Abrir(carpeta, ".", O_RDONLY | O_DIRECTORY);
   if (!lista.Bien()) return;
-  const int numero = ::dup(lista.Valor().Numero());
-  const std::unique_ptr<DIR, int (*)(DIR*)> entradas(::fdopendir(numero), ::closedir);
-  if (!entradas) {
-    if (numero >= 0) ::close(numero);
-    return;
-  }
+  const std::unique_ptr<DIR, int (*)(DIR*)> entradas(::fdopendir(lista.Valor().Numero()),
+                                                     ::closedir);
+  if (!entradas) return;
+  (void)lista.Valor().Soltar();
   while (const dirent* entrada = ::readdir(entradas.get())) {  // NOLINT: its own stream
     if (EsNombre(entrada->d_name)) QuitarSiAbandonado(carpeta, entrada->d_name);
   }

@@ -1,28 +1,17 @@
 #include "shared/descriptor.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <climits>
 #include <fcntl.h>
 #include <new>
 #include <string>
 #include <sys/uio.h>
 #include <unistd.h>
-#include <utility>
 #include <vector>
-
-#include <QFile>
 
 namespace {
 
 constexpr std::size_t MaximoPorLlamada = std::size_t{1} << 30;  // one call moves at most 2 GB
-
-template <typename Llamada>
-auto Repetir(Llamada llamada) {
-  auto devuelto = llamada();
-  while (devuelto < 0 && errno == EINTR) devuelto = llamada();
-  return devuelto;
-}
 
 Resultado DeLlamada(int devuelto) {
   return devuelto < 0 ? Resultado::Fallo(errno) : Resultado();
@@ -64,7 +53,7 @@ int CuantosCaben(const std::vector<iovec>& trozos, std::size_t primero) {
 
 }  // namespace
 
-Descriptor::Descriptor(Descriptor&& otro) noexcept : numero_(std::exchange(otro.numero_, -1)) {}
+Descriptor::Descriptor(Descriptor&& otro) noexcept : numero_(otro.Soltar()) {}
 
 Descriptor& Descriptor::operator=(Descriptor&& otro) noexcept {
   std::swap(numero_, otro.numero_);
@@ -77,7 +66,7 @@ Descriptor::~Descriptor() {
 
 Resultado Descriptor::Cerrar() {
   if (!Abierto()) return {};
-  const int devuelto = ::close(std::exchange(numero_, -1));
+  const int devuelto = ::close(Soltar());
   // An interrupted close has closed the descriptor all the same.
   return devuelto < 0 && errno != EINTR ? Resultado::Fallo(errno) : Resultado();
 }
@@ -168,9 +157,4 @@ Resultado Sincronizar(int descriptor) {
   const int codigo = resultado.Codigo();
   const bool no_hay = codigo == EINVAL || codigo == ENOSYS || codigo == EOPNOTSUPP;
   return no_hay ? Resultado() : resultado;
-}
-
-QByteArray RutaDelSistema(const QString& ruta) {
-  if (ruta.contains(QChar(u'\0'))) return {};
-  return QFile::encodeName(ruta);
 }

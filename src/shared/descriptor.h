@@ -1,15 +1,24 @@
 // A file descriptor with an owner, and the calls on it that every interruption repeats.
 #pragma once
 
+#include <cerrno>
 #include <cstddef>
 #include <span>
 #include <string_view>
 #include <sys/stat.h>
+#include <utility>
 
 #include <QByteArray>
-#include <QString>
 
 #include "shared/resultado.h"
+
+// The call again for as long as signals interrupt it.
+template <typename Llamada>
+auto Repetir(Llamada llamada) {
+  auto devuelto = llamada();
+  while (devuelto < 0 && errno == EINTR) devuelto = llamada();
+  return devuelto;
+}
 
 class Descriptor {
  public:
@@ -23,6 +32,7 @@ class Descriptor {
 
   bool Abierto() const { return numero_ >= 0; }
   int Numero() const { return numero_; }
+  int Soltar() { return std::exchange(numero_, -1); }  // the caller closes it
   // Closes it now. A close that fails may have lost what was written.
   Resultado Cerrar();
 
@@ -50,6 +60,3 @@ Resultado EscribirTodo(int descriptor, std::span<const std::string_view> tramos)
 Resultado Truncar(int descriptor, std::size_t tamano);
 // Waits for the disk; success where the file system has no such call.
 Resultado Sincronizar(int descriptor);
-
-// The path as the system takes it; empty when it cannot be one (it holds a NUL).
-QByteArray RutaDelSistema(const QString& ruta);

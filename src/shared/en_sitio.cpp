@@ -13,10 +13,8 @@ std::size_t Suma(std::span<const std::string_view> tramos) {
 
 Resultado Reservar(int descriptor, std::size_t tamano) {
   if (tamano == 0) return {};
-  int devuelto = 0;
-  do {
-    devuelto = ::fallocate(descriptor, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(tamano));
-  } while (devuelto < 0 && errno == EINTR);
+  const int devuelto = Repetir(
+      [&] { return ::fallocate(descriptor, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(tamano)); });
   const bool no_hay = errno == EOPNOTSUPP || errno == ENOSYS || errno == EINVAL;
   return devuelto == 0 || no_hay ? Resultado() : Resultado::Fallo(errno);
 }

@@ -4,6 +4,7 @@
 
 #include "shared/descriptor.h"
 #include "shared/pagina_codigos.h"
+#include "shared/rutas.h"
 
 namespace {
 

@@ -6,9 +6,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+
+#include "shared/rutas.h"
 
 namespace {
 
@@ -17,17 +18,13 @@ constexpr QLatin1StringView NombreFavoritas("Favoritas.INI");
 constexpr std::array<QLatin1StringView, 2> CarpetasDelSistema{QLatin1StringView("/usr/"),
                                                               QLatin1StringView("/opt/")};
 
-QString ConBarra(const QString& carpeta) {
-  return carpeta.endsWith(SeparadorRuta) ? carpeta : carpeta + SeparadorRuta;
-}
-
 QString SiguiendoEnlaces(const QString& carpeta) {
   const QString real = QFileInfo(carpeta).canonicalFilePath();
   return real.isEmpty() ? carpeta : real;
 }
 
 bool EsDelUsuario(const QString& carpeta) {
-  const QByteArray ruta = QFile::encodeName(carpeta);
+  const QByteArray ruta = RutaDelSistema(carpeta);
   struct stat estado {};
   return ::stat(ruta.constData(), &estado) == 0 && estado.st_uid == ::geteuid() &&
          ::faccessat(AT_FDCWD, ruta.constData(), W_OK | X_OK, AT_EACCESS) == 0;

@@ -5,6 +5,7 @@
 #include <QLocale>
 
 #include "shared/descriptor.h"
+#include "shared/rutas.h"
 
 namespace {
 

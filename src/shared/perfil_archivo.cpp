@@ -15,6 +15,7 @@
 #include "shared/perfil.h"
 #include "shared/perfil_privado.h"
 #include "shared/reemplazo.h"
+#include "shared/rutas.h"
 
 namespace {
 

@@ -13,13 +13,13 @@
 #include "shared/atributos.h"
 #include "shared/descriptor.h"
 #include "shared/en_sitio.h"
+#include "shared/rutas.h"
 
 namespace {
 
 constexpr unsigned PermisosPrivados = 0600;
 constexpr unsigned PermisosNuevos = 0666;  // less the process's mask
 constexpr mode_t BitsDeEscritura = 0222;
-constexpr int MaximoEnlaces = 40;  // as the kernel
 
 bool EsUno(int codigo, std::initializer_list<int> codigos) {
   for (const int uno : codigos) {

@@ -25,6 +25,13 @@ MarcoTitulado::MarcoTitulado(QWidget* padre, const QString& nombre, const QStrin
   hide();
 }
 
+QToolButton* MarcoTitulado::CrearBotonDibujo(QWidget* panel, const AspectoBoton& aspecto) {
+  QToolButton* boton = CrearBoton(panel, aspecto);
+  boton->setToolTip(aspecto.accesible);
+  boton->setCursor(Flecha());
+  return boton;
+}
+
 QPushButton* MarcoTitulado::CrearCerrar(const QString& nombre, const RectTwips& rect) {
   auto* boton = new QPushButton(QStringLiteral("Cerrar"), this);
   Colocar(*boton, nombre, rect);

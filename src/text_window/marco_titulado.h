@@ -5,6 +5,7 @@
 #include <QFrame>
 #include <QPushButton>
 
+#include "platform/boton_dibujo.h"
 #include "platform/twips.h"
 
 class MarcoTitulado : public QFrame {
@@ -17,6 +18,8 @@ class MarcoTitulado : public QFrame {
                 const RectTwips& rect);
 
   static QCursor Flecha();  // the pointer over the panels' buttons
+  // A panel's button with a drawing; what screen readers are told is its tooltip, too.
+  static QToolButton* CrearBotonDibujo(QWidget* panel, const AspectoBoton& aspecto);
 
  protected:
   // The light cyan button that closes the panel.

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 
-#include "platform/boton_dibujo.h"
 #include "platform/controles.h"
 #include "platform/fuentes.h"
 #include "text_window/panel_favoritas.h"
@@ -16,7 +15,7 @@ constexpr int MargenEstado = 60;  // from the border to the lines, on either sid
 constexpr int AltoEstado = 165;   // twips
 constexpr qreal PuntosEstado = 6.75;
 constexpr qreal PuntosTituloLista = 8.25;
-constexpr int LadoDibujo = 48;  // pixels
+constexpr QSize TamanoDibujo(48, 48);  // pixels
 
 struct Etiqueta {
   QString texto;
@@ -43,19 +42,6 @@ void PonerFondoPropio(QWidget& lista) {
   lista.setPalette(paleta);
 }
 
-QToolButton* Boton(QWidget* padre, const QString& nombre, const RectTwips& rect,
-                   const QString& dibujo, const QString& ayuda) {
-  auto* boton = CrearBoton(padre, {nombre,
-                                   rect,
-                                   dibujo,
-                                   {LadoDibujo, LadoDibujo},
-                                   QApplication::palette().color(QPalette::Button),
-                                   ayuda});
-  boton->setToolTip(ayuda);
-  boton->setCursor(MarcoTitulado::Flecha());
-  return boton;
-}
-
 }  // namespace
 
 FraFavoritas::FraFavoritas(ModGral& gral, Unidades& unidades, QWidget* padre)
@@ -65,11 +51,20 @@ FraFavoritas::FraFavoritas(ModGral& gral, Unidades& unidades, QWidget* padre)
   CrearEtiquetas();
   DrvUnidad = new ListaUnidades(unidades, this);  // in the order in which Tab walks through them
   DirCarpeta = new ListaCarpetas(unidades, this);
-  CmdAnhadir = Boton(this, QStringLiteral("CmdAnhadir"), {3360, 1560, 945, 855},
-                     QStringLiteral("anadir"), QStringLiteral("Añadir carpeta"));
+  const QColor fondo = QApplication::palette().color(QPalette::Button);
+  CmdAnhadir = CrearBotonDibujo(this, {QStringLiteral("CmdAnhadir"),
+                                       {3360, 1560, 945, 855},
+                                       QStringLiteral("anadir"),
+                                       TamanoDibujo,
+                                       fondo,
+                                       QStringLiteral("Añadir carpeta")});
   LstFav = new ListaFavoritas(this);
-  CmdQuitar = Boton(this, QStringLiteral("CmdQuitar"), {3360, 3240, 945, 855},
-                    QStringLiteral("quitar"), QStringLiteral("Quitar carpeta seleccionada"));
+  CmdQuitar = CrearBotonDibujo(this, {QStringLiteral("CmdQuitar"),
+                                      {3360, 3240, 945, 855},
+                                      QStringLiteral("quitar"),
+                                      TamanoDibujo,
+                                      fondo,
+                                      QStringLiteral("Quitar carpeta seleccionada")});
   CmdCerrarFav = CrearCerrar(QStringLiteral("CmdCerrarFav"), {3720, 180, 615, 255});
   DisponerListas();
   connect(DrvUnidad, &ListaUnidades::Cambiada, this, &FraFavoritas::DrvUnidad_Change);

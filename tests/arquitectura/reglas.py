@@ -25,8 +25,9 @@ DIALOGOS = {"qfiledialog", "qmessagebox", "qdesktopservices", "qfontdialog", "qc
 ARCHIVOS = {"qfile", "qsavefile", "qsettings"}
 PAGINA, QUIEN_LA_PIDE = "shared/pagina_codigos.h", "text_box/codificacion.cpp"  # beside shared
 # The engine of the text box: none of these reaches a header of the toolkit, not even indirectly.
-SIN_QT = {"bytes", "sumas", "lector_texto", "rastreo", "historial", "lineas", "pluma", "partidor", "extracto",
-          "renglones", "renglones_lineas", "renglones_lineas_anchos", "filas", "filas_cambios"}
+NUCLEO = pathlib.Path(__file__).parents[2] / "src/text_box/nucleo.cmake"
+SIN_QT = {nombre for nombre in re.findall(r"(\w+)\.cpp", NUCLEO.read_text(encoding="utf-8"))
+          if not nombre.startswith("documento")}
 LINEAS_MAXIMAS = 400
 INCLUYE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 
