@@ -48,7 +48,7 @@ void FilaCargar(Tabla& tabla, std::int64_t bytes) {
 // Both names are in the folder `carpeta`, which is synced when it is open.
 void EscribirYRenombrar(std::string_view texto, const char* nueva, const char* vieja,
                         const Descriptor& carpeta) {
-  auto archivo = Abrir(AT_FDCWD, nueva, O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  auto archivo = AbrirDescriptor(AT_FDCWD, nueva, O_WRONLY | O_CREAT | O_TRUNC, 0600);
   Exigir(archivo.Bien() && EscribirTodo(archivo.Valor().Numero(), {&texto, 1}).Bien() &&
              ::fsync(archivo.Valor().Numero()) == 0 && archivo.Valor().Cerrar().Bien() &&
              std::rename(nueva, vieja) == 0,
@@ -72,7 +72,7 @@ void FilaGuardar(Tabla& tabla, std::int64_t bytes) {
   documento.Poner(Texto(Lineas80, bytes - 1));
   documento.Reemplazar(bytes / 2, 0, "x", Agrupacion::Sola);  // as after a change: several pieces
   const std::string texto = Texto(Lineas80, bytes);
-  auto abierta = Abrir(AT_FDCWD, base.c_str(), O_RDONLY | O_DIRECTORY);
+  auto abierta = AbrirDescriptor(AT_FDCWD, base.c_str(), O_RDONLY | O_DIRECTORY);
   const auto guardar = [&] {
     const double segundos = Segundos([&] {
       Exigir(ReemplazarArchivo(ruta, documento.Texto().Tramos(), Duracion::Sincronizada).Bien(),

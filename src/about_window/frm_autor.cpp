@@ -61,7 +61,7 @@ FrmAutor::FrmAutor(const Escritorio& escritorio)
 
 void FrmAutor::CrearVersion() {
   auto* LblVer = new QLabel(QStringLiteral("1.1"), this);
-  Colocar(*LblVer, QStringLiteral("LblVer"), RectVersion);
+  Disponer(*LblVer, QStringLiteral("LblVer"), RectVersion);
   QFont fuente = FuenteDe(FuenteControles, PuntosVersion);
   fuente.setBold(true);
   LblVer->setFont(fuente);
@@ -73,7 +73,7 @@ void FrmAutor::CrearVersion() {
 // CmdFoco comes first: first in the tab order, and below the button that covers it.
 void FrmAutor::CrearBotones() {
   CmdFoco = new QPushButton(QStringLiteral("Command1"), this);
-  Colocar(*CmdFoco, QStringLiteral("CmdFoco"), RectFoco);
+  Disponer(*CmdFoco, QStringLiteral("CmdFoco"), RectFoco);
   CmdFoco->setAccessibleName(TituloAutor);
   for (int i = 0; i < Enlaces; ++i) {
     const Enlace& enlace = LosEnlaces()[i];

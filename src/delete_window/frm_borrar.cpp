@@ -107,7 +107,7 @@ FrmBorrar::~FrmBorrar() {
 // The check box comes first in the tab order.
 void FrmBorrar::CrearEleccion() {
   ChkBorrar = new QCheckBox(this);
-  Colocar(*ChkBorrar, QStringLiteral("ChkBorrar"), RectCasilla);
+  Disponer(*ChkBorrar, QStringLiteral("ChkBorrar"), RectCasilla);
   ChkBorrar->setAccessibleName(LasEtiquetas()[2].texto);
   ChkBorrar->setCursor(Puntero(QStringLiteral("puntero_mano"), 0, 0));
   connect(ChkBorrar, &QCheckBox::toggled, this, &FrmBorrar::ChkBorrar_Click);
@@ -123,7 +123,7 @@ void FrmBorrar::CrearEtiquetas() {
   for (int i = 0; i < Etiquetas; ++i) {
     const Etiqueta& etiqueta = LasEtiquetas()[i];
     LblInfo[i] = new QLabel(etiqueta.texto, this);
-    Colocar(*LblInfo[i], QStringLiteral("LblInfo(%1)").arg(i), etiqueta.rect);
+    Disponer(*LblInfo[i], QStringLiteral("LblInfo(%1)").arg(i), etiqueta.rect);
     QFont fuente = FuenteDe(FuenteControles, etiqueta.puntos);
     fuente.setBold(etiqueta.negrita);
     LblInfo[i]->setFont(fuente);

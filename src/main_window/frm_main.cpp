@@ -30,7 +30,7 @@ constexpr std::chrono::milliseconds EsperaError{4000};
 
 QLabel* Etiqueta(QWidget* padre, const QString& nombre, const RectTwips& rect) {
   auto* etiqueta = new QLabel(padre);
-  Colocar(*etiqueta, nombre, rect);
+  Disponer(*etiqueta, nombre, rect);
   etiqueta->setTextFormat(Qt::PlainText);
   etiqueta->setAlignment(Qt::AlignCenter);
   QFont fuente = FuenteDe(FuenteControles, PuntosEtiqueta);
@@ -67,7 +67,7 @@ FrmMain::~FrmMain() = default;
 
 void FrmMain::CrearLista() {
   ListBox = new VistaLista(this);
-  Colocar(*ListBox, QStringLiteral("ListBox"), RectLista);
+  Disponer(*ListBox, QStringLiteral("ListBox"), RectLista);
   ListBox->setAccessibleName(QStringLiteral("Archivos"));
   ListBox->setModel(&lista_);
   connect(ListBox, &VistaLista::Elegida, this, &FrmMain::ListBox_Click);

@@ -23,14 +23,14 @@ void FrmMain::CrearIconos() {
   for (int i = 0; i < Iconos; ++i) {
     const Comando& comando = Comandos()[i];
     ImgSel[i] = new Imagen(this, QStringLiteral("seleccion_%1").arg(i));
-    Colocar(*ImgSel[i], QStringLiteral("ImgSel(%1)").arg(i), comando.sel);
+    Disponer(*ImgSel[i], QStringLiteral("ImgSel(%1)").arg(i), comando.sel);
     ImgSel[i]->setAttribute(Qt::WA_TransparentForMouseEvents);
     ImgSel[i]->hide();
   }
   const QCursor puntero = Puntero(QStringLiteral("puntero_menu"), 12, 1);
   for (int i = 0; i < Iconos; ++i) {
     ImgMenu[i] = new Imagen(this);
-    Colocar(*ImgMenu[i], QStringLiteral("ImgMenu(%1)").arg(i), Comandos()[i].menu);
+    Disponer(*ImgMenu[i], QStringLiteral("ImgMenu(%1)").arg(i), Comandos()[i].menu);
     ImgMenu[i]->setAccessibleName(Comandos()[i].texto.toString());
     ImgMenu[i]->setCursor(puntero);
     connect(ImgMenu[i], &Imagen::RatonMovido, this, [this, i] { ImgMenu_MouseMove(i); });

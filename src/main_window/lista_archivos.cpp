@@ -25,11 +25,11 @@ bool ListaArchivos::VaAntes(const Entrada& una, const Entrada& otra) {
   return comparadas != 0 ? comparadas < 0 : una.nombre < otra.nombre;
 }
 
-int ListaArchivos::Lugar(const Entrada& entrada) const {
-  const auto lugar = std::upper_bound(
+int ListaArchivos::IndicePara(const Entrada& entrada) const {
+  const auto sitio = std::upper_bound(
       orden_.begin(), orden_.end(), entrada,
       [this](const Entrada& nueva, int otra) { return VaAntes(nueva, entradas_[otra]); });
-  return static_cast<int>(lugar - orden_.begin());
+  return static_cast<int>(sitio - orden_.begin());
 }
 
 int ListaArchivos::Buscar(const QString& ruta) const {
@@ -59,7 +59,7 @@ void ListaArchivos::Anotar(Entrada entrada, const QString& mayusculas) {
 
 int ListaArchivos::Agregar(const QString& ruta) {
   Entrada entrada = Nueva(ruta);
-  const int indice = Lugar(entrada);
+  const int indice = IndicePara(entrada);
   beginInsertRows({}, indice, indice);
   orden_.insert(orden_.begin() + indice, static_cast<int>(entradas_.size()));
   Anotar(std::move(entrada), AMayusculas(ruta));
@@ -109,13 +109,13 @@ void ListaArchivos::Intercalar(int primera_nueva) {
   std::iota(orden_.begin() + viejas, orden_.end(), primera_nueva);
   std::stable_sort(orden_.begin() + viejas, orden_.end(), va_antes);
   std::inplace_merge(orden_.begin(), orden_.begin() + viejas, orden_.end(), va_antes);
-  std::vector<int> lugares(entradas_.size());
+  std::vector<int> indices(entradas_.size());
   for (int i = 0; i < Total(); ++i) {
-    lugares[orden_[i]] = i;
+    indices[orden_[i]] = i;
   }
   QModelIndexList despues;
   for (const int numero : numeros) {
-    despues << index(lugares[numero], 0);
+    despues << index(indices[numero], 0);
   }
   changePersistentIndexList(antes, despues);
   emit layoutChanged();

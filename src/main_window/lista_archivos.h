@@ -40,7 +40,7 @@ class ListaArchivos : public QAbstractListModel {
     QCollatorSortKey clave;  // of the name: collated once, compared often
   };
   static bool VaAntes(const Entrada& una, const Entrada& otra);
-  int Lugar(const Entrada& entrada) const;
+  int IndicePara(const Entrada& entrada) const;
   int Numero(const QString& ruta, const QString& mayusculas) const;  // -1: not listed
   Entrada Nueva(const QString& ruta) const;
   void Anotar(Entrada entrada, const QString& mayusculas);

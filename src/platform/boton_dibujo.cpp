@@ -5,7 +5,7 @@
 
 QToolButton* CrearBoton(QWidget* padre, const AspectoBoton& aspecto) {
   auto* boton = new QToolButton(padre);
-  Colocar(*boton, aspecto.nombre, aspecto.rect);
+  Disponer(*boton, aspecto.nombre, aspecto.rect);
   boton->setIcon(Icono(aspecto.dibujo));
   boton->setIconSize(aspecto.tamano);
   boton->setAccessibleName(aspecto.accesible);

@@ -7,7 +7,7 @@
 #include "platform/twips.h"
 
 // Names a control as the system names it and puts it in its place inside its parent.
-inline void Colocar(QWidget& control, const QString& nombre, const RectTwips& rect) {
+inline void Disponer(QWidget& control, const QString& nombre, const RectTwips& rect) {
   control.setObjectName(nombre);
   control.setGeometry(rect.EnPixeles());
 }

@@ -44,12 +44,13 @@ ResultadoCon<LectorArchivo> LectorArchivo::Abrir(const QString& ruta, SiFalta si
   const QByteArray del_sistema = RutaDelSistema(ruta);
   const Resultado regular = ExigirRegularSiExiste(del_sistema.constData());
   if (!regular.Bien()) return regular;
-  auto abierto = ::Abrir(AT_FDCWD, del_sistema.constData(), SoloLectura);
+  auto abierto = AbrirDescriptor(AT_FDCWD, del_sistema.constData(), SoloLectura);
   if (!abierto.Bien() && abierto.Fallo().Codigo() == ENOENT && si_falta == SiFalta::Crear) {
-    abierto = ::Abrir(AT_FDCWD, del_sistema.constData(), SoloLectura | O_CREAT, PermisosNuevos);
+    abierto =
+        AbrirDescriptor(AT_FDCWD, del_sistema.constData(), SoloLectura | O_CREAT, PermisosNuevos);
   }
   if (!abierto.Bien()) return abierto.Fallo();
-  const auto estado = Estado(abierto.Valor().Numero());
+  const auto estado = EstadoDeArchivo(abierto.Valor().Numero());
   if (!estado.Bien()) return estado.Fallo();
   const Resultado sigue = ExigirRegular(estado.Valor());
   if (!sigue.Bien()) return sigue;

@@ -59,14 +59,15 @@ Cerrojo Bloquear(int descriptor) {
 
 bool SigueLlamandose(int carpeta, const char* nombre, int descriptor) {
   struct stat por_nombre {};
-  const auto abierto = Estado(descriptor);
+  const auto abierto = EstadoDeArchivo(descriptor);
   return abierto.Bien() && S_ISREG(abierto.Valor().st_mode) &&
          ::fstatat(carpeta, nombre, &por_nombre, AT_SYMLINK_NOFOLLOW) == 0 &&
          MismoNodo(abierto.Valor(), por_nombre);
 }
 
 void QuitarSiAbandonado(int carpeta, const char* nombre) {
-  const auto resto = Abrir(carpeta, nombre, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+  const auto resto =
+      AbrirDescriptor(carpeta, nombre, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
   if (!resto.Bien()) return;
   const int numero = resto.Valor().Numero();
   if (Bloquear(numero) == Cerrojo::Tomado && SigueLlamandose(carpeta, nombre, numero)) {
@@ -76,9 +77,9 @@ void QuitarSiAbandonado(int carpeta, const char* nombre) {
 
 // A copy that this user's saves have left; not open when it is another's, or of a save that lives.
 Descriptor CopiaAbandonada(int carpeta, const char* nombre) {
-  auto copia = Abrir(carpeta, nombre, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+  auto copia = AbrirDescriptor(carpeta, nombre, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
   if (!copia.Bien()) return {};
-  const auto estado = Estado(copia.Valor().Numero());
+  const auto estado = EstadoDeArchivo(copia.Valor().Numero());
   const bool propia =
       estado.Bien() && S_ISREG(estado.Valor().st_mode) && estado.Valor().st_uid == ::geteuid();
   if (!propia || Bloquear(copia.Valor().Numero()) == Cerrojo::Ajeno) return {};
@@ -109,7 +110,8 @@ ResultadoCon<ArchivoTemporal> ArchivoTemporal::Crear(int carpeta, unsigned permi
   for (int intento = 0; intento < MaximoIntentos; ++intento) {
     ArchivoTemporal temporal;
     const std::string nombre = NombreNuevo();
-    auto abierto = Abrir(carpeta, nombre.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, permisos);
+    auto abierto =
+        AbrirDescriptor(carpeta, nombre.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, permisos);
     if (!abierto.Bien() && abierto.Fallo().Codigo() == EEXIST) continue;
     if (!abierto.Bien()) return abierto.Fallo();
     temporal.escritura_ = std::move(abierto.Valor());
@@ -159,7 +161,8 @@ Resultado ArchivoTemporal::LlamarSinAyuda(const char* nombre) {
     ::unlinkat(carpeta_, nombre_.c_str(), 0);
     return {};
   }
-  const auto sitio = Abrir(carpeta_, nombre, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
+  const auto sitio =
+      AbrirDescriptor(carpeta_, nombre, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
   if (!sitio.Bien()) return sitio.Fallo();
   if (::renameat(carpeta_, nombre_.c_str(), carpeta_, nombre) == 0) return {};
   const Resultado rehusado = Resultado::Fallo(errno);
@@ -176,7 +179,7 @@ Resultado ArchivoTemporal::HacerCopiaDe(ino_t nodo) {
 }
 
 void QuitarRestos(int carpeta) {
-  auto lista = Abrir(carpeta, ".", O_RDONLY | O_DIRECTORY);
+  auto lista = AbrirDescriptor(carpeta, ".", O_RDONLY | O_DIRECTORY);
   if (!lista.Bien()) return;
   const std::unique_ptr<DIR, int (*)(DIR*)> entradas(::fdopendir(lista.Valor().Numero()),
                                                      ::closedir);

@@ -81,9 +81,9 @@ bool MismoDueno(const struct stat& uno, const struct stat& otro) {
 }
 
 Resultado CopiarTodo(int origen, int destino) {
-  const auto querido = Estado(origen);
+  const auto querido = EstadoDeArchivo(origen);
   if (!querido.Bien()) return querido.Fallo();
-  const auto presente = Estado(destino);
+  const auto presente = EstadoDeArchivo(destino);
   if (!presente.Bien()) return presente.Fallo();
   const struct stat& estado = querido.Valor();
   // A change of owner clears permission bits, so the permissions come last.
@@ -94,7 +94,7 @@ Resultado CopiarTodo(int origen, int destino) {
   const Resultado extendidos = CopiarExtendidos(origen, destino);
   if (!extendidos.Bien()) return extendidos;
   if (::fchmod(destino, estado.st_mode & Permisos) < 0) return Resultado::Fallo(errno);
-  const auto final = Estado(destino);
+  const auto final = EstadoDeArchivo(destino);
   if (!final.Bien()) return final.Fallo();
   const bool igual = MismoDueno(estado, final.Valor()) && estado.st_mode == final.Valor().st_mode;
   return igual ? Resultado() : Resultado::Fallo(EPERM);

@@ -71,15 +71,15 @@ Resultado Descriptor::Cerrar() {
   return devuelto < 0 && errno != EINTR ? Resultado::Fallo(errno) : Resultado();
 }
 
-ResultadoCon<Descriptor> Abrir(int carpeta, const char* nombre, int modo_apertura,
-                               unsigned permisos) {
+ResultadoCon<Descriptor> AbrirDescriptor(int carpeta, const char* nombre, int modo_apertura,
+                                         unsigned permisos) {
   const int numero =
       Repetir([&] { return ::openat(carpeta, nombre, modo_apertura | O_CLOEXEC, permisos); });
   if (numero < 0) return Resultado::Fallo(errno);
   return Descriptor(numero);
 }
 
-ResultadoCon<struct stat> Estado(int descriptor) {
+ResultadoCon<struct stat> EstadoDeArchivo(int descriptor) {
   struct stat estado {};
   if (::fstat(descriptor, &estado) < 0) return Resultado::Fallo(errno);
   return estado;

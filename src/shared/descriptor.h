@@ -41,9 +41,9 @@ class Descriptor {
 };
 
 // openat(2), with O_CLOEXEC; `carpeta` may be AT_FDCWD.
-ResultadoCon<Descriptor> Abrir(int carpeta, const char* nombre, int modo_apertura,
-                               unsigned permisos = 0);
-ResultadoCon<struct stat> Estado(int descriptor);
+ResultadoCon<Descriptor> AbrirDescriptor(int carpeta, const char* nombre, int modo_apertura,
+                                         unsigned permisos = 0);
+ResultadoCon<struct stat> EstadoDeArchivo(int descriptor);
 // EISDIR for a folder, EMEDIUMTYPE, which no file system gives, for a pipe, socket or device.
 Resultado ExigirRegular(const struct stat& estado);
 bool MismoNodo(const struct stat& uno, const struct stat& otro);

@@ -31,7 +31,7 @@ Resultado Escribir(int descriptor, std::span<const std::string_view> tramos, Dur
 
 FalloEnSitio EscribirEnSitio(int descriptor, std::span<const std::string_view> tramos,
                              Duracion duracion) {
-  const auto estado = Estado(descriptor);
+  const auto estado = EstadoDeArchivo(descriptor);
   if (!estado.Bien()) return {estado.Fallo()};
   const auto antes = LeerTodo(descriptor, static_cast<std::size_t>(estado.Valor().st_size));
   if (!antes.Bien()) return {antes.Fallo()};

@@ -59,7 +59,8 @@ AccesoPerfilArchivo::AccesoPerfilArchivo(const QString& por_crear, Esperar esper
 
 // Gives back the open folder that holds the lock until it is closed.
 Descriptor AccesoPerfilArchivo::BloquearCarpeta(const QString& carpeta) {
-  auto abierta = Abrir(AT_FDCWD, RutaDelSistema(carpeta).constData(), O_RDONLY | O_DIRECTORY);
+  auto abierta =
+      AbrirDescriptor(AT_FDCWD, RutaDelSistema(carpeta).constData(), O_RDONLY | O_DIRECTORY);
   if (!abierta.Bien()) return {};
   auto paciencia = atascado_ ? std::chrono::milliseconds() : Paciencia;
   while (::flock(abierta.Valor().Numero(), LOCK_EX | LOCK_NB) < 0) {

@@ -37,7 +37,7 @@ bool RenombrarRehusado(Resultado resultado) {
 }
 
 // A folder, open for calls relative to it, and a name in it.
-struct Lugar {
+struct Sitio {
   Descriptor carpeta;
   std::string nombre;
 
@@ -51,14 +51,14 @@ std::string CarpetaDe(const std::string& ruta) {
   return ruta.substr(0, barra == 0 ? 1 : barra);
 }
 
-ResultadoCon<Lugar> Situar(const std::string& ruta) {
-  Lugar lugar;
-  lugar.nombre = ruta.substr(ruta.rfind('/') + 1);
-  if (lugar.nombre.empty()) return Resultado::Fallo(ruta.empty() ? ENOENT : EISDIR);
-  auto carpeta = Abrir(AT_FDCWD, CarpetaDe(ruta).c_str(), O_PATH | O_DIRECTORY);
+ResultadoCon<Sitio> Situar(const std::string& ruta) {
+  Sitio sitio;
+  sitio.nombre = ruta.substr(ruta.rfind('/') + 1);
+  if (sitio.nombre.empty()) return Resultado::Fallo(ruta.empty() ? ENOENT : EISDIR);
+  auto carpeta = AbrirDescriptor(AT_FDCWD, CarpetaDe(ruta).c_str(), O_PATH | O_DIRECTORY);
   if (!carpeta.Bien()) return carpeta.Fallo();
-  lugar.carpeta = std::move(carpeta.Valor());
-  return lugar;
+  sitio.carpeta = std::move(carpeta.Valor());
+  return sitio;
 }
 
 ResultadoCon<std::string> RutaReal(const char* ruta) {
@@ -67,7 +67,7 @@ ResultadoCon<std::string> RutaReal(const char* ruta) {
   return std::string(real.get());
 }
 
-ResultadoCon<Lugar> SituarReal(const char* ruta) {
+ResultadoCon<Sitio> SituarReal(const char* ruta) {
   const auto real = RutaReal(ruta);
   if (!real.Bien()) return real.Fallo();
   return Situar(real.Valor());
@@ -94,9 +94,9 @@ ResultadoCon<Descriptor> AbrirDocumento(const char* ruta) {
   const Resultado regular = ExigirRegular(antes);
   if (!regular.Bien()) return regular;
   if ((antes.st_mode & BitsDeEscritura) == 0) return Resultado::Fallo(EACCES);
-  auto documento = Abrir(AT_FDCWD, ruta, O_RDWR | O_NONBLOCK | O_NOCTTY);
+  auto documento = AbrirDescriptor(AT_FDCWD, ruta, O_RDWR | O_NONBLOCK | O_NOCTTY);
   if (!documento.Bien()) return documento;
-  const auto estado = Estado(documento.Valor().Numero());
+  const auto estado = EstadoDeArchivo(documento.Valor().Numero());
   if (!estado.Bien()) return estado.Fallo();
   const Resultado sigue = ExigirRegular(estado.Valor());
   if (!sigue.Bien()) return sigue;
@@ -104,7 +104,7 @@ ResultadoCon<Descriptor> AbrirDocumento(const char* ruta) {
 }
 
 // Where a file that is missing is to be made. The system, asked last, lets the links be followed.
-ResultadoCon<Lugar> SituarNuevo(const char* ruta) {
+ResultadoCon<Sitio> SituarNuevo(const char* ruta) {
   const auto destino = RutaPorCrear(ruta);
   if (!destino.Bien()) return destino.Fallo();
   struct stat estado {};
@@ -127,26 +127,26 @@ Resultado Cerrar(ArchivoTemporal& temporal, const Reemplazo& reemplazo) {
 }
 
 // The name has changed by now, so a failure here has nothing to undo and is not one of the save.
-void SincronizarCarpeta(const Lugar& lugar, const Reemplazo& reemplazo) {
+void SincronizarCarpeta(const Sitio& sitio, const Reemplazo& reemplazo) {
   if (reemplazo.duracion == Duracion::SinSincronizar) return;
-  const auto carpeta = Abrir(lugar.Carpeta(), ".", O_RDONLY | O_DIRECTORY);
+  const auto carpeta = AbrirDescriptor(sitio.Carpeta(), ".", O_RDONLY | O_DIRECTORY);
   if (carpeta.Bien()) (void)Sincronizar(carpeta.Valor().Numero());
 }
 
-Resultado ComprobarQueSigue(const Lugar& lugar, const struct stat& documento) {
+Resultado ComprobarQueSigue(const Sitio& sitio, const struct stat& documento) {
   struct stat ahora {};
-  const int devuelto = ::fstatat(lugar.Carpeta(), lugar.Nombre(), &ahora, AT_SYMLINK_NOFOLLOW);
+  const int devuelto = ::fstatat(sitio.Carpeta(), sitio.Nombre(), &ahora, AT_SYMLINK_NOFOLLOW);
   if (devuelto < 0) return Resultado::Fallo(errno);
   return MismoNodo(ahora, documento) ? Resultado() : Resultado::Fallo(ESTALE);
 }
 
 // Writes into the document while `copia`, where there is one, holds the new content.
-Resultado EnSitio(const Lugar& lugar, const Descriptor& documento, const struct stat& estado,
+Resultado EnSitio(const Sitio& sitio, const Descriptor& documento, const struct stat& estado,
                   ArchivoTemporal copia, const Reemplazo& reemplazo) {
   if (copia.Existe()) {
     const Resultado nombrada = copia.HacerCopiaDe(estado.st_ino);
     if (!nombrada.Bien() && !RenombrarRehusado(nombrada)) return nombrada;
-    SincronizarCarpeta(lugar, reemplazo);
+    SincronizarCarpeta(sitio, reemplazo);
   }
   const FalloEnSitio fallo =
       EscribirEnSitio(documento.Numero(), reemplazo.tramos, reemplazo.duracion);
@@ -155,7 +155,7 @@ Resultado EnSitio(const Lugar& lugar, const Descriptor& documento, const struct 
 }
 
 // Replaces the document by the temporary file, or writes into it where that is refused.
-Resultado Poner(const Lugar& lugar, const Descriptor& documento, const struct stat& estado,
+Resultado Poner(const Sitio& sitio, const Descriptor& documento, const struct stat& estado,
                 ArchivoTemporal temporal, const Reemplazo& reemplazo) {
   bool reproducido = false;
   if (estado.st_nlink == 1) {
@@ -165,14 +165,14 @@ Resultado Poner(const Lugar& lugar, const Descriptor& documento, const struct st
   }
   const Resultado cerrado = Cerrar(temporal, reemplazo);
   if (!cerrado.Bien()) return cerrado;
-  const Resultado sigue = ComprobarQueSigue(lugar, estado);
+  const Resultado sigue = ComprobarQueSigue(sitio, estado);
   if (!sigue.Bien()) return sigue;
   if (reproducido) {
-    const Resultado renombrado = temporal.Reemplazar(lugar.Nombre());
-    if (renombrado.Bien()) SincronizarCarpeta(lugar, reemplazo);
+    const Resultado renombrado = temporal.Reemplazar(sitio.Nombre());
+    if (renombrado.Bien()) SincronizarCarpeta(sitio, reemplazo);
     if (!RenombrarRehusado(renombrado)) return renombrado;
   }
-  return EnSitio(lugar, documento, estado, std::move(temporal), reemplazo);
+  return EnSitio(sitio, documento, estado, std::move(temporal), reemplazo);
 }
 
 }  // namespace
@@ -180,27 +180,27 @@ Resultado Poner(const Lugar& lugar, const Descriptor& documento, const struct st
 Resultado ReemplazarExistente(const char* ruta, const Reemplazo& reemplazo) {
   const auto documento = AbrirDocumento(ruta);
   if (!documento.Bien()) return documento.Fallo();
-  const auto estado = Estado(documento.Valor().Numero());
+  const auto estado = EstadoDeArchivo(documento.Valor().Numero());
   if (!estado.Bien()) return estado.Fallo();
   const auto situado = SituarReal(ruta);
   if (!situado.Bien()) return situado.Fallo();
-  const Lugar& lugar = situado.Valor();
-  const Resultado sigue = ComprobarQueSigue(lugar, estado.Valor());
+  const Sitio& sitio = situado.Valor();
+  const Resultado sigue = ComprobarQueSigue(sitio, estado.Valor());
   if (!sigue.Bien()) return sigue;
 
-  QuitarRestos(lugar.Carpeta());
-  QuitarCopias(lugar.Carpeta(), estado.Valor().st_ino, documento.Valor().Numero());
-  auto temporal = ArchivoTemporal::Crear(lugar.Carpeta(), PermisosPrivados);
+  QuitarRestos(sitio.Carpeta());
+  QuitarCopias(sitio.Carpeta(), estado.Valor().st_ino, documento.Valor().Numero());
+  auto temporal = ArchivoTemporal::Crear(sitio.Carpeta(), PermisosPrivados);
   if (!temporal.Bien()) {
     if (!CarpetaCerrada(temporal.Fallo())) return temporal.Fallo();
-    return EnSitio(lugar, documento.Valor(), estado.Valor(), {}, reemplazo);
+    return EnSitio(sitio, documento.Valor(), estado.Valor(), {}, reemplazo);
   }
   const Resultado relleno = Rellenar(temporal.Valor(), reemplazo);
   if (!relleno.Bien()) return relleno;
   const Resultado puesto =
-      Poner(lugar, documento.Valor(), estado.Valor(), std::move(temporal.Valor()), reemplazo);
+      Poner(sitio, documento.Valor(), estado.Valor(), std::move(temporal.Valor()), reemplazo);
   if (puesto.Bien()) {
-    QuitarCopias(lugar.Carpeta(), estado.Valor().st_ino, documento.Valor().Numero());
+    QuitarCopias(sitio.Carpeta(), estado.Valor().st_ino, documento.Valor().Numero());
   }
   return puesto;
 }
@@ -210,13 +210,13 @@ std::vector<std::string> CopiasDe(const char* ruta) {
   if (!real.Bien()) return {};
   const auto situado = Situar(real.Valor());
   if (!situado.Bien()) return {};
-  const Lugar& lugar = situado.Valor();
-  const auto documento =
-      Abrir(lugar.Carpeta(), lugar.Nombre(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+  const Sitio& sitio = situado.Valor();
+  const auto documento = AbrirDescriptor(sitio.Carpeta(), sitio.Nombre(),
+                                         O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
   if (!documento.Bien()) return {};
-  const auto estado = Estado(documento.Valor().Numero());
+  const auto estado = EstadoDeArchivo(documento.Valor().Numero());
   if (!estado.Bien()) return {};
-  auto copias = CopiasDistintas(lugar.Carpeta(), estado.Valor().st_ino, documento.Valor().Numero());
+  auto copias = CopiasDistintas(sitio.Carpeta(), estado.Valor().st_ino, documento.Valor().Numero());
   for (std::string& una : copias) una = CarpetaDe(real.Valor()).append("/").append(una);
   return copias;
 }
@@ -224,16 +224,16 @@ std::vector<std::string> CopiasDe(const char* ruta) {
 Resultado CrearNuevo(const char* ruta, const Reemplazo& reemplazo) {
   const auto situado = SituarNuevo(ruta);
   if (!situado.Bien()) return situado.Fallo();
-  const Lugar& lugar = situado.Valor();
-  QuitarRestos(lugar.Carpeta());
-  auto creado = ArchivoTemporal::Crear(lugar.Carpeta(), PermisosNuevos);
+  const Sitio& sitio = situado.Valor();
+  QuitarRestos(sitio.Carpeta());
+  auto creado = ArchivoTemporal::Crear(sitio.Carpeta(), PermisosNuevos);
   if (!creado.Bien()) return creado.Fallo();
   ArchivoTemporal& temporal = creado.Valor();
   const Resultado relleno = Rellenar(temporal, reemplazo);
   if (!relleno.Bien()) return relleno;
   const Resultado cerrado = Cerrar(temporal, reemplazo);
   if (!cerrado.Bien()) return cerrado;
-  const Resultado estrenado = temporal.Estrenar(lugar.Nombre());
-  if (estrenado.Bien()) SincronizarCarpeta(lugar, reemplazo);
+  const Resultado estrenado = temporal.Estrenar(sitio.Nombre());
+  if (estrenado.Bien()) SincronizarCarpeta(sitio, reemplazo);
   return estrenado;
 }

@@ -19,7 +19,7 @@ MarcoTitulado::MarcoTitulado(QWidget* padre, const QString& nombre, const QStrin
                              const RectTwips& rect)
     : QFrame(padre), titulo_(titulo), fuente_titulo_(FuenteDe(FuenteControles, PuntosTitulo)) {
   fuente_titulo_.setBold(true);
-  Colocar(*this, nombre, rect);
+  Disponer(*this, nombre, rect);
   setAccessibleName(titulo);
   setAutoFillBackground(true);
   hide();
@@ -34,7 +34,7 @@ QToolButton* MarcoTitulado::CrearBotonDibujo(QWidget* panel, const AspectoBoton&
 
 QPushButton* MarcoTitulado::CrearCerrar(const QString& nombre, const RectTwips& rect) {
   auto* boton = new QPushButton(QStringLiteral("Cerrar"), this);
-  Colocar(*boton, nombre, rect);
+  Disponer(*boton, nombre, rect);
   boton->setCursor(Flecha());
   QPalette paleta;
   paleta.setColor(QPalette::Button, CianClaro);

@@ -128,7 +128,7 @@ int FraFavoritas::AgregarOrdenada(const QString& carpeta) {
   return lugar;
 }
 
-void FraFavoritas::PonerEstado(std::size_t linea, const Estado& estado) {
+void FraFavoritas::PonerEstado(std::size_t linea, const LineaEstado& estado) {
   QLabel& etiqueta = *LblEstado[linea];
   const QFontMetrics letra = etiqueta.fontMetrics();
   const int sitio = etiqueta.width() - letra.horizontalAdvance(estado.texto);
@@ -139,9 +139,9 @@ void FraFavoritas::PonerEstado(std::size_t linea, const Estado& estado) {
   estados_[linea] = estado;
 }
 
-void FraFavoritas::AgregarEstado(const Estado& estado) {
-  PonerEstado(0, Estado(estados_[1]));
-  PonerEstado(1, Estado(estados_[2]));
+void FraFavoritas::AgregarEstado(const LineaEstado& estado) {
+  PonerEstado(0, LineaEstado(estados_[1]));
+  PonerEstado(1, LineaEstado(estados_[2]));
   PonerEstado(2, estado);
 }
 

@@ -42,7 +42,7 @@ class FraFavoritas : public MarcoTitulado {
 
  private:
   // A status line; a drive's name at its end is shortened where it is too long.
-  struct Estado {
+  struct LineaEstado {
     QString texto;
     QString unidad;
   };
@@ -51,8 +51,8 @@ class FraFavoritas : public MarcoTitulado {
   void CrearEtiquetas();
   void DisponerListas() const;
 
-  void PonerEstado(std::size_t linea, const Estado& estado);
-  void AgregarEstado(const Estado& estado);
+  void PonerEstado(std::size_t linea, const LineaEstado& estado);
+  void AgregarEstado(const LineaEstado& estado);
   void Alternar(const Alterna& alterna);
   void AvisarNoAbierta(const Resultado& fallo);
   bool SeleccionarUnidad();
@@ -61,7 +61,7 @@ class FraFavoritas : public MarcoTitulado {
 
   ModGral& gral_;
   OrdenNombres orden_;
-  std::array<Estado, 3> estados_;
+  std::array<LineaEstado, 3> estados_;
   Unidad UnidadAnterior;  // the drive list's entry when the panel was opened
   bool FavoritasCambiadas = false;
 };

@@ -24,7 +24,7 @@ struct Etiqueta {
 
 QLabel* NuevaEtiqueta(QWidget* padre, const QString& nombre, int indice, const RectTwips& rect) {
   auto* etiqueta = new QLabel(padre);
-  Colocar(*etiqueta, QStringLiteral("%1(%2)").arg(nombre).arg(indice), rect);
+  Disponer(*etiqueta, QStringLiteral("%1(%2)").arg(nombre).arg(indice), rect);
   etiqueta->setTextFormat(Qt::PlainText);
   return etiqueta;
 }
@@ -89,7 +89,7 @@ void FraFavoritas::CrearEtiquetas() {
     etiqueta->resize(std::max(etiqueta->width(), etiqueta->sizeHint().width()), etiqueta->height());
   }
   Shape1 = new QFrame(this);
-  Colocar(*Shape1, QStringLiteral("Shape1"), RectEstados);
+  Disponer(*Shape1, QStringLiteral("Shape1"), RectEstados);
   Shape1->setFrameStyle(QFrame::Box | QFrame::Plain);
   const std::array altos{660, 820, 1000};
   for (int i = 0; i < 3; ++i) {
@@ -101,9 +101,9 @@ void FraFavoritas::CrearEtiquetas() {
 }
 
 void FraFavoritas::DisponerListas() const {
-  Colocar(*DrvUnidad, QStringLiteral("DrvUnidad"), {120, 600, 1815, 315});
-  Colocar(*DirCarpeta, QStringLiteral("DirCarpeta"), {120, 1320, 3135, 1440});
-  Colocar(*LstFav, QStringLiteral("LstFav"), {120, 3120, 3135, 1230});
+  Disponer(*DrvUnidad, QStringLiteral("DrvUnidad"), {120, 600, 1815, 315});
+  Disponer(*DirCarpeta, QStringLiteral("DirCarpeta"), {120, 1320, 3135, 1440});
+  Disponer(*LstFav, QStringLiteral("LstFav"), {120, 3120, 3135, 1230});
   DrvUnidad->setAccessibleName(QStringLiteral("Unidad de disco"));
   DrvUnidad->setAccessibleDescription(QStringLiteral("Unidad de disco"));
   DirCarpeta->setAccessibleName(QStringLiteral("Carpetas"));

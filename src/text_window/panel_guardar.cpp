@@ -13,7 +13,7 @@ constexpr QSize TamanoDibujo(26, 26);  // pixels
 }  // namespace
 
 FraGuardar::FraGuardar(QWidget* padre) : QFrame(padre) {
-  Colocar(*this, QStringLiteral("FraGuardar"), RectPanel);
+  Disponer(*this, QStringLiteral("FraGuardar"), RectPanel);
   setFrameStyle(QFrame::Box | QFrame::Sunken);
   setAutoFillBackground(true);
   setAccessibleName(QStringLiteral("Guardar o cancelar"));

@@ -63,7 +63,7 @@ void FraOpciones::CrearBotones() {
   });
   for (const Boton& uno : botones) {
     auto* boton = new QToolButton(this);
-    Colocar(*boton, uno.nombre, uno.rect);
+    Disponer(*boton, uno.nombre, uno.rect);
     boton->setText(uno.texto);
     boton->setIcon(Icono(uno.dibujo));
     boton->setIconSize({LadoDibujo, LadoDibujo});
@@ -91,7 +91,7 @@ void FraOpciones::CrearCasillas() {
   });
   for (const FilaCasilla& una : casillas) {
     auto* casilla = new QCheckBox(una.texto, this);
-    Colocar(*casilla, una.nombre, una.rect);
+    Disponer(*casilla, una.nombre, una.rect);
     casilla->resize(casilla->size().expandedTo({casilla->sizeHint().width(), 0}));
     casilla->setAccessibleName(QString(una.texto).replace(u'\n', u' '));
     casillas_.push_back({casilla, una.opcion});
