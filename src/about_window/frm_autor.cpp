@@ -90,9 +90,7 @@ void FrmAutor::CrearBotones() {
 
 // The caption is written only when another one is shown, which its first two letters tell.
 void FrmAutor::Nombrar(const QString& titulo) {
-  if (!Titulo().startsWith(titulo.left(2))) {
-    PonerTitulo(titulo);
-  }
+  if (!Titulo().startsWith(titulo.left(2))) PonerTitulo(titulo);
 }
 
 void FrmAutor::Form_MouseMove() {
@@ -111,9 +109,7 @@ void FrmAutor::CmdAutor_Click(int indice) {
 bool FrmAutor::eventFilter(QObject* objeto, QEvent* evento) {
   if (evento->type() == QEvent::MouseMove) {
     for (int i = 0; i < Enlaces; ++i) {
-      if (objeto == CmdAutor[i]) {
-        CmdAutor_MouseMove(i);
-      }
+      if (objeto == CmdAutor[i]) CmdAutor_MouseMove(i);
     }
   }
   return Ventana::eventFilter(objeto, evento);

@@ -186,9 +186,7 @@ void FrmBorrar::ChkBorrar_Click() {
 }
 
 bool FrmBorrar::TxtAyuda_KeyPress(int codigo) {
-  if (codigo != CodigoEsc) {
-    return false;
-  }
+  if (codigo != CodigoEsc) return false;
   TxtAyuda->hide();
   PonerTitulo(TituloAnterior);
   ChkBorrar->setFocus();
@@ -198,9 +196,7 @@ bool FrmBorrar::TxtAyuda_KeyPress(int codigo) {
 bool FrmBorrar::eventFilter(QObject* objeto, QEvent* evento) {
   if (objeto == TxtAyuda && evento->type() == QEvent::KeyPress) {
     const QString texto = static_cast<QKeyEvent*>(evento)->text();
-    if (!texto.isEmpty() && TxtAyuda_KeyPress(texto.front().unicode())) {
-      return true;
-    }
+    if (!texto.isEmpty() && TxtAyuda_KeyPress(texto.front().unicode())) return true;
   }
   return Ventana::eventFilter(objeto, evento);
 }

@@ -99,9 +99,7 @@ void FrmMain::Form_Load() {
   EstablecerRutas(gral_, QCoreApplication::applicationDirPath());
   gral_.ArchivoNuevo = gral_.GuardarComo = gral_.VerOpciones = gral_.VerFavoritas = false;
   LeerAjustes();
-  if (gral_.opciones.Favoritas) {
-    ImgMenu_Click(IconoFavoritas);
-  }
+  if (gral_.opciones.Favoritas) ImgMenu_Click(IconoFavoritas);
   Texto().Mostrar();
   ImgMenu_Click(IconoVisible);
 }
@@ -138,9 +136,7 @@ void FrmMain::Form_MouseMove() {
 }
 
 void FrmMain::Form_Unload() {
-  if (texto_ != nullptr) {
-    texto_->Cerrar();
-  }
+  if (texto_ != nullptr) texto_->Cerrar();
   const QString ini = gral_.ArchivoINI;
   const Perfil::Juntos juntos(gral_.perfil, ini);
   const RectTwips rect = Rectangulo();
@@ -178,9 +174,7 @@ void FrmMain::paintEvent(QPaintEvent* /*evento*/) {
   }
   QPainter pintor(this);
   pintor.drawPixmap(0, 0, fondo_);
-  if (!rotulo_.isEmpty()) {
-    PintarRotulo(pintor);
-  }
+  if (!rotulo_.isEmpty()) PintarRotulo(pintor);
 }
 
 FrmTexto& FrmMain::Texto() {
@@ -197,9 +191,7 @@ void FrmMain::TextoCerrado() {
 }
 
 void FrmMain::RestaurarMinimizada(Ventana& ventana) {
-  if (ventana.Estado() == EstadoVentana::Minimizada) {
-    ventana.PonerEstado(EstadoVentana::Normal);
-  }
+  if (ventana.Estado() == EstadoVentana::Minimizada) ventana.PonerEstado(EstadoVentana::Normal);
 }
 
 void FrmMain::TraerTexto() {

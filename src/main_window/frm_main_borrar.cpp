@@ -30,17 +30,13 @@ void FrmMain::ComandoBorrar() {
 
 // Whatever becomes of the file, its entry leaves the list. It is never erased unasked.
 void FrmMain::EnviarPapelera(const QString& ruta) {
-  if (escritorio_.papelera.Enviar(ruta) != Envio::SinPapelera) {
-    return;
-  }
+  if (escritorio_.papelera.Enviar(ruta) != Envio::SinPapelera) return;
   const bool eliminar = escritorio_.mensajes.Preguntar(
       *this,
       QStringLiteral("Este archivo no se puede mover a la papelera de reciclaje:\n\n") + ruta +
           QStringLiteral("\n\n¿Desea eliminarlo definitivamente?"),
       QStringLiteral("ELIMINAR ARCHIVO"));
-  if (eliminar) {
-    escritorio_.papelera.Eliminar(ruta);
-  }
+  if (eliminar) escritorio_.papelera.Eliminar(ruta);
 }
 
 void FrmMain::ComandoInformacion() {

@@ -46,19 +46,13 @@ void FrmMain::AbrirFavoritas(const QStringList& carpetas) {
     }
     if (std::exchange(por_anotar, false)) {
       const QString carpeta = ConBarra(FileList.carpeta);
-      for (const QString& nombre : FileList.nombres) {
-        rutas << carpeta + nombre;
-      }
+      for (const QString& nombre : FileList.nombres) rutas << carpeta + nombre;
     }
   }
   const int fuera = lista_.AgregarVarios(rutas);
   MostrarTotal();
-  if (no_abiertas > 0) {
-    AvisarNoAbiertas(no_abiertas);
-  }
-  if (fuera > 0) {
-    AvisarListaLlena(fuera);
-  }
+  if (no_abiertas > 0) AvisarNoAbiertas(no_abiertas);
+  if (fuera > 0) AvisarListaLlena(fuera);
 }
 
 // Its place in the picture is narrower than the words: it grows to both sides and, where the window

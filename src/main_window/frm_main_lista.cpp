@@ -77,9 +77,7 @@ void FrmMain::ReponerTexto() {
 
 void FrmMain::ListBox_KeyDown(int codigo) {
   const int indice = ListBox->IndiceSeleccionado();
-  if (codigo != CodigoSuprimir || indice < 0) {
-    return;
-  }
+  if (codigo != CodigoSuprimir || indice < 0) return;
   const Activacion::Manejador manejador(LaActivacion());
   lista_.Quitar(indice);
   if (lista_.Total() > 0) {

@@ -40,16 +40,12 @@ void FrmMain::CrearIconos() {
 
 QString FrmMain::TextoDe(int indice) const {
   QString texto = Comandos()[indice].texto.toString();
-  if (indice != IconoVisible) {
-    return texto;
-  }
+  if (indice != IconoVisible) return texto;
   return texto + (ActivarVisible ? QStringLiteral(" NO") : QStringLiteral(" SI"));
 }
 
 void FrmMain::ImgMenu_MouseMove(int indice) {
-  if (IconoActual != indice) {
-    ImgSel[IconoActual]->hide();
-  }
+  if (IconoActual != indice) ImgSel[IconoActual]->hide();
   ImgSel[indice]->show();
   IconoActual = indice;
   PonerTituloSiDistinto(TextoDe(indice));
@@ -57,13 +53,9 @@ void FrmMain::ImgMenu_MouseMove(int indice) {
 }
 
 void FrmMain::ImgMenu_Click(int indice) {
-  if (indice < 0 || indice >= Iconos) {
-    return;
-  }
+  if (indice < 0 || indice >= Iconos) return;
   const Comando& comando = Comandos()[indice];
-  if (comando.espera_texto_nuevo && gral_.ArchivoNuevo) {
-    return;
-  }
+  if (comando.espera_texto_nuevo && gral_.ArchivoNuevo) return;
   const Activacion::Manejador manejador(LaActivacion());
   (this->*comando.ejecutar)();
 }
@@ -83,9 +75,7 @@ void FrmMain::ComandoAbrir() {
 
 void FrmMain::ComandoNuevo() {
   gral_.ArchivoNuevo = true;
-  if (Texto().Visible()) {
-    RestaurarMinimizada(Texto());
-  }
+  if (Texto().Visible()) RestaurarMinimizada(Texto());
   TraerTexto();
 }
 
@@ -103,16 +93,12 @@ void FrmMain::ComandoVisible() {
 
 void FrmMain::ComandoAnterior() {
   const int indice = ListBox->IndiceSeleccionado();
-  if (indice > 0) {
-    Seleccionar(indice - 1);
-  }
+  if (indice > 0) Seleccionar(indice - 1);
 }
 
 void FrmMain::ComandoSiguiente() {
   const int indice = ListBox->IndiceSeleccionado();
-  if (indice < lista_.Total() - 1) {
-    Seleccionar(indice + 1);
-  }
+  if (indice < lista_.Total() - 1) Seleccionar(indice + 1);
 }
 
 void FrmMain::ComandoAyuda() {

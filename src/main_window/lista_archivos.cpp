@@ -34,9 +34,7 @@ int ListaArchivos::IndicePara(const Entrada& entrada) const {
 
 int ListaArchivos::Buscar(const QString& ruta) const {
   const int numero = Numero(ruta, AMayusculas(ruta));
-  if (numero < 0) {
-    return -1;
-  }
+  if (numero < 0) return -1;
   return static_cast<int>(std::find(orden_.begin(), orden_.end(), numero) - orden_.begin());
 }
 
@@ -72,18 +70,12 @@ int ListaArchivos::AgregarVarios(const QStringList& rutas) {
   const auto primera_nueva = static_cast<int>(entradas_.size());
   for (const QString& ruta : rutas) {
     const QString mayusculas = AMayusculas(ruta);
-    if (Numero(ruta, mayusculas) < 0) {
-      Anotar(Nueva(ruta), mayusculas);
-    }
+    if (Numero(ruta, mayusculas) < 0) Anotar(Nueva(ruta), mayusculas);
   }
   const auto nuevas = static_cast<int>(entradas_.size()) - primera_nueva;
   const int sobran = std::max(Total() + nuevas - MaximoArchivos, 0);
-  for (int i = 0; i < sobran; ++i) {
-    OlvidarUltima();
-  }
-  if (nuevas > sobran) {
-    Intercalar(primera_nueva);
-  }
+  for (int i = 0; i < sobran; ++i) OlvidarUltima();
+  if (nuevas > sobran) Intercalar(primera_nueva);
   return sobran;
 }
 
@@ -98,9 +90,7 @@ void ListaArchivos::Intercalar(int primera_nueva) {
   emit layoutAboutToBeChanged();
   const QModelIndexList antes = persistentIndexList();
   std::vector<int> numeros;
-  for (const QModelIndex& indice : antes) {
-    numeros.push_back(orden_[indice.row()]);
-  }
+  for (const QModelIndex& indice : antes) numeros.push_back(orden_[indice.row()]);
   const auto va_antes = [this](int una, int otra) {
     return VaAntes(entradas_[una], entradas_[otra]);
   };
@@ -110,13 +100,9 @@ void ListaArchivos::Intercalar(int primera_nueva) {
   std::stable_sort(orden_.begin() + viejas, orden_.end(), va_antes);
   std::inplace_merge(orden_.begin(), orden_.begin() + viejas, orden_.end(), va_antes);
   std::vector<int> indices(entradas_.size());
-  for (int i = 0; i < Total(); ++i) {
-    indices[orden_[i]] = i;
-  }
+  for (int i = 0; i < Total(); ++i) indices[orden_[i]] = i;
   QModelIndexList despues;
-  for (const int numero : numeros) {
-    despues << index(indices[numero], 0);
-  }
+  for (const int numero : numeros) despues << index(indices[numero], 0);
   changePersistentIndexList(antes, despues);
   emit layoutChanged();
 }
@@ -126,9 +112,7 @@ void ListaArchivos::Quitar(int indice) {
   const int numero = orden_[indice];
   por_ruta_.remove(AMayusculas(entradas_[numero].ruta), numero);
   orden_.erase(orden_.begin() + indice);
-  if (orden_.empty()) {
-    entradas_.clear();
-  }
+  if (orden_.empty()) entradas_.clear();
   endRemoveRows();
 }
 

@@ -60,9 +60,7 @@ void VistaLista::keyPressEvent(QKeyEvent* evento) {
     return;
   }
   const int antes = IndiceSeleccionado();
-  if (!SeleccionarPorTecla(*this, *evento)) {
-    QListView::keyPressEvent(evento);
-  }
+  if (!SeleccionarPorTecla(*this, *evento)) QListView::keyPressEvent(evento);
   const int ahora = IndiceSeleccionado();
   if (ahora >= 0 && ahora != antes) {
     emit Elegida();
@@ -74,16 +72,12 @@ void VistaLista::keyPressEvent(QKeyEvent* evento) {
 // A press beside the entries changes nothing.
 void VistaLista::mousePressEvent(QMouseEvent* evento) {
   pulsada_ = evento->button() == Qt::LeftButton && indexAt(evento->position().toPoint()).isValid();
-  if (pulsada_) {
-    QListView::mousePressEvent(evento);
-  }
+  if (pulsada_) QListView::mousePressEvent(evento);
 }
 
 void VistaLista::mouseReleaseEvent(QMouseEvent* evento) {
   QListView::mouseReleaseEvent(evento);
-  if (std::exchange(pulsada_, false) && IndiceSeleccionado() >= 0) {
-    emit Elegida();
-  }
+  if (std::exchange(pulsada_, false) && IndiceSeleccionado() >= 0) emit Elegida();
 }
 
 void VistaLista::mouseDoubleClickEvent(QMouseEvent* evento) {

@@ -15,9 +15,7 @@ namespace {
 void Pulsar(const Imagen& imagen) {
   QWindow* ventana = imagen.window()->windowHandle();
   const QWidget* modal = QApplication::activeModalWidget();
-  if (ventana == nullptr || (modal != nullptr && modal != imagen.window())) {
-    return;
-  }
+  if (ventana == nullptr || (modal != nullptr && modal != imagen.window())) return;
   const QPoint centro = imagen.rect().center();
   const QPointF dentro = imagen.mapTo(imagen.window(), centro);
   const QPointF global = imagen.mapToGlobal(centro);
@@ -66,12 +64,8 @@ class AccesibleVentana : public QAccessibleWidget {
 // Asked for each class of the object, from its own down to its base: the kinds of QFrame that the
 // toolkit knows are answered before QFrame is.
 QAccessibleInterface* Fabricar(const QString& clase, QObject* objeto) {
-  if (auto* imagen = qobject_cast<Imagen*>(objeto)) {
-    return new AccesibleImagen(imagen);
-  }
-  if (auto* ventana = qobject_cast<Ventana*>(objeto)) {
-    return new AccesibleVentana(ventana);
-  }
+  if (auto* imagen = qobject_cast<Imagen*>(objeto)) return new AccesibleImagen(imagen);
+  if (auto* ventana = qobject_cast<Ventana*>(objeto)) return new AccesibleVentana(ventana);
   if (clase == u"QFrame") {  // readers take a "frame" for a window
     return new QAccessibleWidget(static_cast<QWidget*>(objeto), QAccessible::Grouping);
   }

@@ -45,9 +45,7 @@ Aplicacion::Plataforma::Plataforma() : elegida(!qEnvironmentVariableIsSet(Variab
 }
 
 void Aplicacion::Plataforma::Soltar() const {
-  if (elegida) {
-    qunsetenv(VariablePlataforma);
-  }
+  if (elegida) qunsetenv(VariablePlataforma);
 }
 
 Aplicacion::Aplicacion(char* programa)
@@ -64,9 +62,7 @@ Aplicacion::Aplicacion(char* programa)
 // readers' bus: it takes a good part of the start, and an empty list and an empty text need it for
 // the first letter only. Under Wayland showing a window may change the environment.
 void Aplicacion::AdelantarFuentes() {
-  if (QGuiApplication::platformName() != u"xcb") {
-    return;
-  }
+  if (QGuiApplication::platformName() != u"xcb") return;
   try {
     catalogo_ = std::jthread(LeerCatalogoFuentes);
   } catch (const std::system_error&) {  // no thread to be had: it is read with that letter

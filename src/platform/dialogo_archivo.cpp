@@ -38,12 +38,8 @@ class Iconos : public QFileIconProvider {
 // "~" and "~name" at the start of a path, as a shell reads them.
 QString ConCasa(const QString& ruta) {
   const QString usuario = ruta.section(u'/', 0, 0);
-  if (!usuario.startsWith(u'~')) {
-    return ruta;
-  }
-  if (usuario.size() == 1) {
-    return QDir::homePath() + ruta.mid(1);
-  }
+  if (!usuario.startsWith(u'~')) return ruta;
+  if (usuario.size() == 1) return QDir::homePath() + ruta.mid(1);
   const passwd* datos = getpwnam(QFile::encodeName(usuario.mid(1)).constData());
   return datos != nullptr ? QFile::decodeName(datos->pw_dir) + ruta.mid(usuario.size()) : ruta;
 }
@@ -88,9 +84,7 @@ void DialogoArchivo::PrepararCampo() {
 // A click in the list has written the name that is selected there: anything else was typed, and
 // counts in its place.
 void DialogoArchivo::CampoCambiado(const QString& texto) {
-  if (Fila().data() != texto) {
-    lista_->selectionModel()->clear();
-  }
+  if (Fila().data() != texto) lista_->selectionModel()->clear();
   auto* botones = findChild<QDialogButtonBox*>();
   if (auto* aceptar = botones->button(acceptMode() == AcceptOpen ? QDialogButtonBox::Open
                                                                  : QDialogButtonBox::Save)) {

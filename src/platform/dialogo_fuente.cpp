@@ -79,9 +79,7 @@ QString EstiloDe(const QString& familia, bool negrita, bool cursiva) {
   for (const QString& estilo : QFontDatabase::styles(familia)) {
     const bool sirve = QFontDatabase::weight(familia, estilo) == peso &&
                        QFontDatabase::italic(familia, estilo) == cursiva;
-    if (sirve && (hallado.isEmpty() || estilo.size() < hallado.size())) {
-      hallado = estilo;
-    }
+    if (sirve && (hallado.isEmpty() || estilo.size() < hallado.size())) hallado = estilo;
   }
   return hallado;
 }
@@ -111,9 +109,7 @@ void DialogoFuente::PrepararListas() {
   const auto listas = findChildren<QAbstractItemView*>(Qt::FindDirectChildrenOnly);
   const auto campos = findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly);
   const auto rotulos = findChildren<QLabel*>(Qt::FindDirectChildrenOnly);
-  if (listas.size() != Columnas || campos.size() != Columnas || rotulos.size() < Columnas) {
-    return;
-  }
+  if (listas.size() != Columnas || campos.size() != Columnas || rotulos.size() < Columnas) return;
   for (const auto& [columna, nombre] : Nombres) {
     rotulos[columna]->setText(nombre);
     listas[columna]->setAccessibleName(QString(nombre).remove(u'&'));

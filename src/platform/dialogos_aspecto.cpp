@@ -8,16 +8,12 @@
 std::optional<EleccionFuente> DialogosAspectoReales::PedirFuente(Ventana& duena,
                                                                  const EleccionFuente& actual) {
   DialogoFuente dialogo(actual);
-  if (!Ejecutar(activacion_, duena, dialogo)) {
-    return std::nullopt;
-  }
+  if (!Ejecutar(activacion_, duena, dialogo)) return std::nullopt;
   return dialogo.Elegida();
 }
 
 std::optional<QColor> DialogosAspectoReales::PedirColor(Ventana& duena, const QColor& actual) {
   DialogoColor dialogo(QStringLiteral("Color del fondo"), actual);
-  if (!Ejecutar(activacion_, duena, dialogo)) {
-    return std::nullopt;
-  }
+  if (!Ejecutar(activacion_, duena, dialogo)) return std::nullopt;
   return dialogo.selectedColor();
 }

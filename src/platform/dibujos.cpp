@@ -20,9 +20,7 @@ QString ArchivoDe(const QString& nombre) {
 QImage Hecho(const QString& nombre, QSize pixeles) {
   QFile archivo(
       QStringLiteral(":/hechos/%1_%2x%3").arg(nombre).arg(pixeles.width()).arg(pixeles.height()));
-  if (!archivo.open(QIODevice::ReadOnly)) {
-    return {};
-  }
+  if (!archivo.open(QIODevice::ReadOnly)) return {};
   QImage imagen(pixeles, QImage::Format_ARGB32_Premultiplied);
   const bool leida =
       archivo.size() == imagen.sizeInBytes() &&

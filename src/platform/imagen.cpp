@@ -37,9 +37,7 @@ void Imagen::mouseReleaseEvent(QMouseEvent* evento) {
 }
 
 void Imagen::paintEvent(QPaintEvent* /*evento*/) {
-  if (dibujo_.isEmpty()) {
-    return;
-  }
+  if (dibujo_.isEmpty()) return;
   const qreal escala = devicePixelRatioF();
   if (pintada_.deviceIndependentSize() != QSizeF(size()) || pintada_.devicePixelRatio() != escala) {
     pintada_ = Dibujo(dibujo_, size(), escala);

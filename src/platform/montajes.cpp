@@ -102,8 +102,9 @@ const Montaje* MontajeDeRed(const std::vector<Montaje>& montajes, const QString&
   int enlaces = 0;
   while (!pendientes.isEmpty() && enlaces <= MaximoEnlaces) {
     const QString parte = pendientes.takeFirst();
-    if (parte == QLatin1StringView(".."))
+    if (parte == QLatin1StringView("..")) {
       hecho.truncate(std::max<qsizetype>(hecho.lastIndexOf(SeparadorRuta), 0));
+    }
     if (parte == QLatin1StringView(".") || parte == QLatin1StringView("..")) continue;
     const QString siguiente = hecho + SeparadorRuta + parte;
     const Montaje* montaje = MontajeDe(montajes, siguiente);

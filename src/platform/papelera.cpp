@@ -78,9 +78,7 @@ bool CabeEnPapelera(const QString& ruta) {
 
 Envio PapeleraReal::Enviar(const QString& ruta) {
   static const Gio gio;
-  if (!gio.cargada) {
-    return Envio::Fallo;
-  }
+  if (!gio.cargada) return Envio::Fallo;
   const Objeto<GFile> archivo = ArchivoEn(gio, ruta);
   if (CabeEnPapelera(ruta) && gio.file_trash(archivo.get(), nullptr, nullptr) != 0) {
     return Envio::Enviada;

@@ -28,14 +28,10 @@ Extremo ExtremoDe(int tecla) {
 // it or stay on it, and a letter would look for it last.
 bool SeleccionarPorTecla(QAbstractItemView& lista, const QKeyEvent& evento) {
   const int entradas = lista.model()->rowCount();
-  if (entradas == 0 || lista.selectionModel()->hasSelection()) {
-    return false;
-  }
+  if (entradas == 0 || lista.selectionModel()->hasSelection()) return false;
   const Extremo extremo = ExtremoDe(evento.key());
   if (extremo == Extremo::Ninguno) {
-    if (!evento.text().trimmed().isEmpty()) {
-      lista.selectionModel()->clearCurrentIndex();
-    }
+    if (!evento.text().trimmed().isEmpty()) lista.selectionModel()->clearCurrentIndex();
     return false;
   }
   const int fila = extremo == Extremo::Primero ? 0 : entradas - 1;

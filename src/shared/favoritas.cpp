@@ -32,9 +32,7 @@ std::int16_t LeerTotalFavoritas(ModGral& gral) {
 QStringList LeerFavoritas(ModGral& gral) {
   QStringList claves;
   const int total = LeerTotalFavoritas(gral);
-  for (int i = 1; i <= total; ++i) {
-    claves << Clave(i);
-  }
+  for (int i = 1; i <= total; ++i) claves << Clave(i);
   return claves.isEmpty() ? QStringList()
                           : gral.perfil.LeerLargos(gral.ArchivoFavoritas, Datos, claves, u"");
 }

@@ -73,9 +73,7 @@ NumeroColor NumeroDe(const QColor& color) {
 }
 
 QColor ColorDe(NumeroColor numero, const QPalette& paleta, QPalette::ColorRole desconocido) {
-  if (numero >= 0) {
-    return {numero & 0xFF, numero >> 8 & 0xFF, numero >> 16 & 0xFF};
-  }
+  if (numero >= 0) return {numero & 0xFF, numero >> 8 & 0xFF, numero >> 16 & 0xFF};
   const auto indice = static_cast<std::size_t>(numero & 0x7FFFFFFF);
   return paleta.color(indice < ColoresDelSistema.size() ? ColoresDelSistema[indice] : desconocido);
 }
@@ -98,9 +96,7 @@ Aspecto LeerAspecto(Perfil& perfil, const QString& ruta) {
     aspecto.texto = perfil.Color().value_or(NumeroNegro);
   }
   perfil.Leer(ruta, SeccionFondo, u"Color", u"Inicial");
-  if (!perfil.EsInicial()) {
-    aspecto.fondo = perfil.Color().value_or(NumeroBlanco);
-  }
+  if (!perfil.EsInicial()) aspecto.fondo = perfil.Color().value_or(NumeroBlanco);
   return aspecto;
 }
 

@@ -5,9 +5,7 @@
 
 void AvisarDeCopias(Mensajes& mensajes, Ventana& duena, const QString& archivo) {
   const QStringList copias = CopiasDeGuardado(archivo);
-  if (copias.isEmpty()) {
-    return;
-  }
+  if (copias.isEmpty()) return;
   mensajes.Critico(duena,
                    QStringLiteral("Se interrumpió un guardado de este archivo, que puede no estar "
                                   "completo. El texto que se guardaba está entero en:\n\n") +

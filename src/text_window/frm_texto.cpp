@@ -24,9 +24,7 @@ FrmTexto::FrmTexto(ModGral& gral, const Escritorio& escritorio, Ventana& princip
 
 // The boxes watch the document, which would be gone before the window's children are.
 FrmTexto::~FrmTexto() {
-  for (const CajaTexto* caja : TextBox) {
-    delete caja;
-  }
+  for (const CajaTexto* caja : TextBox) delete caja;
 }
 
 void FrmTexto::CrearCajas() {
@@ -68,12 +66,8 @@ RectTwips FrmTexto::LeerRectangulo() {
 }
 
 void FrmTexto::Form_Resize() {
-  if (Estado() == EstadoVentana::Minimizada) {
-    return;
-  }
-  for (CajaTexto* caja : TextBox) {
-    caja->setGeometry(rect());
-  }
+  if (Estado() == EstadoVentana::Minimizada) return;
+  for (CajaTexto* caja : TextBox) caja->setGeometry(rect());
   ColocarGuardar();
 }
 

@@ -13,9 +13,7 @@ void FrmTexto::LeerOpciones() {
 }
 
 void FrmTexto::PonerFuente() {
-  for (CajaTexto* caja : TextBox) {
-    caja->PonerFuente(FuenteDe(aspecto_.fuente));
-  }
+  for (CajaTexto* caja : TextBox) caja->PonerFuente(FuenteDe(aspecto_.fuente));
 }
 
 void FrmTexto::PonerColores() {
@@ -45,9 +43,7 @@ void FrmTexto::CmdFuente_Click() {
   const QColor actual = aspecto_.ColorTexto(palette());
   color_dialogo_ = aspecto_.texto;
   const auto eleccion = escritorio_.aspecto.PedirFuente(*this, {aspecto_.fuente, actual});
-  if (!eleccion) {
-    return;
-  }
+  if (!eleccion) return;
   aspecto_.fuente = eleccion->fuente;
   if (eleccion->color != actual) {  // else a system colour stays one
     aspecto_.texto = NumeroDe(eleccion->color);
@@ -60,9 +56,7 @@ void FrmTexto::CmdFuente_Click() {
 void FrmTexto::CmdFColor_Click() {
   const auto color =
       escritorio_.aspecto.PedirColor(*this, ColorDe(color_dialogo_, palette(), QPalette::Text));
-  if (!color) {
-    return;
-  }
+  if (!color) return;
   aspecto_.fondo = color_dialogo_ = NumeroDe(*color);
   PonerColores();
 }
@@ -71,9 +65,7 @@ void FrmTexto::CmdFColor_Click() {
 void FrmTexto::ChkAjustar_Click() {
   CajaTexto& antes = CajaVisible();
   CajaTexto& ahora = *TextBox[gral_.opciones.Ajustar ? 0 : 1];
-  if (&antes == &ahora) {
-    return;
-  }
+  if (&antes == &ahora) return;
   antes.hide();
   ahora.show();
   ahora.PonerCursor(antes.Cursor(), antes.Ancla());

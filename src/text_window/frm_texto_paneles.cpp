@@ -21,9 +21,7 @@ FraGuardar& FrmTexto::PanelGuardar() {
     ColocarGuardar();
     PintarPaneles();
     for (QWidget* panel : std::initializer_list<QWidget*>{FraOpciones_, FraFavoritas_}) {
-      if (panel != nullptr) {
-        panel->raise();
-      }
+      if (panel != nullptr) panel->raise();
     }
   }
   return *FraGuardar_;
@@ -59,9 +57,7 @@ void FrmTexto::ColocarGuardar() {
 }
 
 void FrmTexto::EsconderGuardar() {
-  if (FraGuardar_ != nullptr) {
-    FraGuardar_->hide();
-  }
+  if (FraGuardar_ != nullptr) FraGuardar_->hide();
 }
 
 void FrmTexto::MostrarOpciones() {
@@ -79,12 +75,8 @@ bool FrmTexto::VeFavoritas() const {
 }
 
 void FrmTexto::CerrarPaneles() {
-  if (VeOpciones()) {
-    CmdCerrar_Click();
-  }
-  if (VeFavoritas()) {
-    FraFavoritas_->CmdCerrarFav_Click();
-  }
+  if (VeOpciones()) CmdCerrar_Click();
+  if (VeFavoritas()) FraFavoritas_->CmdCerrarFav_Click();
 }
 
 void FrmTexto::CmdFavoritas_Click() {

@@ -48,9 +48,7 @@ ListaCarpetas::ListaCarpetas(Unidades& unidades, QWidget* padre)
 Resultado ListaCarpetas::Abrir(const QString& carpeta) {
   const QString limpia = QDir::cleanPath(carpeta);
   const auto leida = unidades_.Leer(limpia, Busca::Subcarpetas);
-  if (!leida.Bien()) {
-    return leida.Fallo();
-  }
+  if (!leida.Bien()) return leida.Fallo();
   clear();
   abierta_ = QDir::rootPath();
   Poner(abierta_, abierta_, 0);
@@ -87,7 +85,5 @@ void ListaCarpetas::Poner(const QString& nombre, const QString& ruta, int nivel)
 void ListaCarpetas::AbrirEntrada(const QListWidgetItem* entrada) {
   const QString ruta = entrada->data(PapelRuta).toString();
   const Resultado abierta = Abrir(ruta);
-  if (!abierta.Bien()) {
-    emit NoAbierta(abierta);
-  }
+  if (!abierta.Bien()) emit NoAbierta(abierta);
 }

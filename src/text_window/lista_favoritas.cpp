@@ -5,7 +5,5 @@
 #include "platform/tecla_inicial.h"
 
 void ListaFavoritas::keyPressEvent(QKeyEvent* evento) {
-  if (!SeleccionarPorTecla(*this, *evento)) {
-    QListWidget::keyPressEvent(evento);
-  }
+  if (!SeleccionarPorTecla(*this, *evento)) QListWidget::keyPressEvent(evento);
 }

@@ -33,13 +33,9 @@ void ListaUnidades::Refrescar() {
 void ListaUnidades::Llenar(const Unidad& actual) {
   std::vector<Unidad> unidades = unidades_.Listar();
   auto suya = std::find(unidades.begin(), unidades.end(), actual);
-  if (suya == unidades.end()) {
-    suya = unidades.insert(unidades.end(), actual);
-  }
+  if (suya == unidades.end()) suya = unidades.insert(unidades.end(), actual);
   clear();
-  for (const Unidad& una : unidades) {
-    addItem(una.nombre, una.raiz);
-  }
+  for (const Unidad& una : unidades) addItem(una.nombre, una.raiz);
   setCurrentIndex(static_cast<int>(suya - unidades.begin()));
 }
 

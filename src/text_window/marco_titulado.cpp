@@ -51,9 +51,7 @@ bool MarcoTitulado::focusNextPrevChild(bool siguiente) {
   vuelta.removeIf([](const QWidget* control) {
     return control->isHidden() || (control->focusPolicy() & Qt::TabFocus) == 0;
   });
-  if (vuelta.isEmpty()) {
-    return false;
-  }
+  if (vuelta.isEmpty()) return false;
   const qsizetype pasos = siguiente ? 1 : vuelta.size() - 1;
   QWidget* destino = vuelta[(vuelta.indexOf(focusWidget()) + pasos) % vuelta.size()];
   destino->setFocus(siguiente ? Qt::TabFocusReason : Qt::BacktabFocusReason);

@@ -16,9 +16,7 @@ struct FraFavoritas::Alterna {
 void FraFavoritas::GestionarFavoritas() {
   FavoritasCambiadas = false;
   LstFav->clear();
-  for (const QString& carpeta : LeerFavoritas(gral_)) {
-    AgregarOrdenada(carpeta);
-  }
+  for (const QString& carpeta : LeerFavoritas(gral_)) AgregarOrdenada(carpeta);
   PonerEstado(0, {QStringLiteral("> Gestionar favoritas"), {}});
   PonerEstado(1, {QStringLiteral("> Total Favoritas: %1").arg(LstFav->count()), {}});
   PonerEstado(2, {QStringLiteral("> Listo..."), {}});
@@ -26,9 +24,7 @@ void FraFavoritas::GestionarFavoritas() {
   UnidadAnterior = DrvUnidad->Actual();
   DirCarpeta->Vaciar();
   const Resultado abierta = DirCarpeta->Abrir(UnidadAnterior.raiz);
-  if (!abierta.Bien()) {
-    AgregarEstado({QStringLiteral("> Unidad no disponible"), {}});
-  }
+  if (!abierta.Bien()) AgregarEstado({QStringLiteral("> Unidad no disponible"), {}});
   show();
   DrvUnidad->setFocus();
 }
@@ -45,9 +41,7 @@ bool FraFavoritas::SeleccionarUnidad() {
   const Unidad unidad = DrvUnidad->Actual();
   AgregarEstado({QStringLiteral("> Selec. unidad "), unidad.nombre});
   const bool abierta = DirCarpeta->Abrir(unidad.raiz).Bien();
-  if (!abierta) {
-    AgregarEstado({QStringLiteral("> Unidad no disponible"), {}});
-  }
+  if (!abierta) AgregarEstado({QStringLiteral("> Unidad no disponible"), {}});
   return abierta;
 }
 
@@ -97,9 +91,7 @@ void FraFavoritas::CmdQuitar_Click() {
 }
 
 void FraFavoritas::CmdCerrarFav_Click() {
-  if (FavoritasCambiadas) {
-    GuardarFavoritas(gral_, Carpetas());
-  }
+  if (FavoritasCambiadas) GuardarFavoritas(gral_, Carpetas());
   gral_.VerFavoritas = false;
   hide();
   emit Cerrado();
@@ -107,9 +99,7 @@ void FraFavoritas::CmdCerrarFav_Click() {
 
 QStringList FraFavoritas::Carpetas() const {
   QStringList carpetas;
-  for (int i = 0; i < LstFav->count(); ++i) {
-    carpetas << LstFav->item(i)->text();
-  }
+  for (int i = 0; i < LstFav->count(); ++i) carpetas << LstFav->item(i)->text();
   return carpetas;
 }
 

@@ -38,9 +38,7 @@ FraOpciones::FraOpciones(Opciones& opciones, QWidget* padre)
 }
 
 void FraOpciones::MostrarOpciones() {
-  for (const auto& [control, opcion] : casillas_) {
-    control->setChecked(opciones_.*opcion);
-  }
+  for (const auto& [control, opcion] : casillas_) control->setChecked(opciones_.*opcion);
 }
 
 void FraOpciones::CrearBotones() {
