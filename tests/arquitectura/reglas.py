@@ -27,7 +27,7 @@ PAGINA, QUIEN_LA_PIDE = "shared/pagina_codigos.h", "text_box/codificacion.cpp"  
 # The engine of the text box: none of these reaches a header of the toolkit, not even indirectly.
 NUCLEO = pathlib.Path(__file__).parents[2] / "src/text_box/nucleo.cmake"
 SIN_QT = {nombre for nombre in re.findall(r"(\w+)\.cpp", NUCLEO.read_text(encoding="utf-8"))
-          if not nombre.startswith("documento")}
+          if not nombre.startswith(("codificacion", "documento"))}
 LINEAS_MAXIMAS = 400
 INCLUYE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 

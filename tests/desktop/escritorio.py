@@ -4,6 +4,7 @@ time: what is expected is waited for, and named when it does not come.
 """
 import os
 import pathlib
+import re
 import shutil
 import signal
 import subprocess
@@ -13,13 +14,9 @@ import time
 
 PLAZO = 60  # seconds until something expected counts as missing; generous, for a busy machine
 # The icons of the main window, from their rectangles in twips: left, top, width, height.
-ICONOS = {
-    "Abrir": (240, 50, 435, 540), "Nuevo": (920, 80, 435, 435), "Borrar": (1580, 80, 435, 435),
-    "Información": (80, 870, 435, 435), "Opciones": (620, 870, 435, 435),
-    "Favoritas": (1230, 870, 435, 435), "S.Visible": (1800, 870, 410, 435),
-    "Anterior": (1365, 1530, 315, 315), "Siguiente": (1830, 1530, 315, 315),
-    "Ayuda": (1940, 4600, 315, 300),
-}
+TABLA = pathlib.Path(__file__).resolve().parents[2] / "src/main_window/iconos.inc"
+ICONOS = {nombre: tuple(map(int, numeros.split(","))) for nombre, numeros in re.findall(
+    r'^ICONO.*u"(.+?)",((?: *\d+,){3} *\d+)', TABLA.read_text("utf-8"), re.M)}
 LISTA = (18, 145)  # the list's corner in the main window, pixels
 ALTO_ENTRADA = 13  # roughly; only the first entries are clicked
 GUARDAR, CANCELAR = 87, 46  # the save panel's buttons, pixels from the right edge
