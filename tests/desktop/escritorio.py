@@ -375,15 +375,17 @@ class Escritorio:
         return [nombre for papel, nombre, _ in self.accesibles() if papel == "list item"]
 
 
-def gestor_de(nombre="openbox"):
-    """A window manager by its name on a command line; "ninguno" is none."""
-    return None if nombre == "ninguno" else nombre
+def gestor_de(opciones):
+    """The window manager that a command line names; "ninguno" is none."""
+    if "ninguno" in opciones:
+        return None
+    return next((nombre for nombre in opciones if nombre in GESTORES), "openbox")
 
 
 def recorrer(recorrido, usuario=None):
     """The body of a journey's script: SCRIPT BINARIES FOLDER_FOR_PICTURES [MANAGER]."""
-    binarios, capturas, *gestor = sys.argv[1:]
-    with Escritorio(binarios, gestor_de(*gestor), usuario) as escritorio:
+    binarios, capturas, *opciones = sys.argv[1:]
+    with Escritorio(binarios, gestor_de(opciones), usuario) as escritorio:
         try:
             recorrido(escritorio)
         except BaseException:

@@ -26,8 +26,13 @@ class VentanaAnotada : public Ventana {
   void Form_Unload() override { Anotar("descarga"); }
 
   std::function<void()> al_activar = [] {};
+  int subidas = 0;  // times that it was raised
 
  protected:
+  bool event(QEvent* evento) override {
+    subidas += evento->type() == QEvent::ZOrderChange ? 1 : 0;
+    return Ventana::event(evento);
+  }
   void mousePressEvent(QMouseEvent* /*evento*/) override { Anotar("pulsada"); }
 
  private:
@@ -85,6 +90,17 @@ TEST_F(Activaciones, a_handler_that_gives_the_focus_back_ends_where_it_began) {
   QTest::qWait(50);
   EXPECT_TRUE(a.isActiveWindow());
   EXPECT_EQ(Notas(), "") << "the desktop's answer runs nothing";
+}
+
+TEST_F(Activaciones, a_window_that_had_the_focus_for_a_moment_comes_up_once_a_visit) {
+  b.al_activar = [this] { a.DarFoco(); };
+  b.DarFoco();
+  const int antes = b.subidas;  // it was mapped in front of all
+  emit qApp->applicationStateChanged(Qt::ApplicationInactive);
+  for (int i = 0; i < 2; ++i) {
+    b.DarFoco();
+    EXPECT_EQ(b.subidas, antes + 1);
+  }
 }
 
 TEST_F(Activaciones, a_press_in_another_window_moves_it_before_the_press_is_handled) {
