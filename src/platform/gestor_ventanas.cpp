@@ -123,7 +123,7 @@ std::optional<QMargins> GestorVentanas::Marco(const QWindow& ventana) const {
       .toMargins();
 }
 
-std::optional<QPoint> GestorVentanas::Lugar(const QWindow& ventana) const {
+std::optional<QPoint> GestorVentanas::Origen(const QWindow& ventana) const {
   if (QGuiApplication::platformName() == u"wayland") {
     return {};
   }

@@ -35,7 +35,7 @@ class GestorVentanas : public QObject, private QAbstractNativeEventFilter {
   std::optional<QMargins> Marco(const QWindow& ventana) const;
   // Where its inside begins on the screen, asked of the desktop: the toolkit can be mistaken.
   // Nothing where windows have no place of their own.
-  std::optional<QPoint> Lugar(const QWindow& ventana) const;
+  std::optional<QPoint> Origen(const QWindow& ventana) const;
 
  signals:
   void TecladoEn(WId ventana);      // the manager has given it the keyboard

@@ -197,11 +197,11 @@ void Ventana::PonerPosicion(int izquierda, int arriba) {
   pedido_.arriba = arriba;
   por_ajustar_ = true;
   visto_ = {};
-  move(Lugar());
+  move(EsquinaPedida());
   VerMarco();
 }
 
-QPoint Ventana::Lugar() const {
+QPoint Ventana::EsquinaPedida() const {
   return {APixeles(pedido_.izquierda), APixeles(pedido_.arriba)};
 }
 
@@ -229,10 +229,10 @@ void Ventana::VerMarco() {
     AjustarAlMarco(*marco);
   }
   // Its place stays the one asked for where the desktop tells of none.
-  const auto interior = activacion_.Gestor().Lugar(*nativa);
+  const auto interior = activacion_.Gestor().Origen(*nativa);
   visto_ = QRect(interior.value_or(geometry().topLeft()), size()).marginsAdded(*marco);
   if (!interior) {
-    visto_.moveTopLeft(Lugar());
+    visto_.moveTopLeft(EsquinaPedida());
   }
 }
 
@@ -242,7 +242,7 @@ void Ventana::AjustarAlMarco(const QMargins& marco) {
     MarcoConocido(marco_) = marco;
   }
   if (pedido_.ancho > 0) {
-    setGeometry(QRect(Lugar(), Exterior()).marginsRemoved(MarcoConocido(marco_)));
+    setGeometry(QRect(EsquinaPedida(), Exterior()).marginsRemoved(MarcoConocido(marco_)));
   }
 }
 

@@ -67,7 +67,7 @@ class Ventana : public QWidget, public Activable {
 
  private:
   void Cargar();
-  QPoint Lugar() const;
+  QPoint EsquinaPedida() const;
   QSize Exterior() const;
   void VerMarco();
   void AjustarAlMarco(const QMargins& marco);
