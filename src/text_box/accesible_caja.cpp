@@ -149,7 +149,7 @@ QRect AccesibleCaja::characterRect(int pos) const {
   const Posicion fin = vista.Reparto().FinDe(fila);
   if (lugar.pos < fin) {
     sitio.setWidth(static_cast<int>(
-        (vista.Reparto().XDe(fila, PasoDerecha(Texto(), lugar.pos)) - vista.XDe(lugar)) / 64));
+        (vista.Reparto().XDe(fila, PasoDerecha(Texto(), lugar.pos)) - vista.XDe(lugar)) / Pixel));
   }
   if (!sitio.intersects(QRect(QPoint(), vista.Tamano()))) return {};
   return sitio.translated(Caja().viewport()->mapToGlobal(QPoint()));

@@ -8,7 +8,6 @@
 #include "text_box/renglones_lineas.h"
 
 namespace {
-constexpr Punto Pixel = 64;
 constexpr int AnchoCursor = 1;
 }  // namespace
 

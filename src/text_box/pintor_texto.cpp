@@ -4,10 +4,6 @@
 
 #include <QGlyphRun>
 
-namespace {
-constexpr Punto Pixel = 64;
-}
-
 PintorTexto::PintorTexto(QPainter& pintor, const Bytes& texto, const Encuadre& encuadre,
                          const AspectoCaja& aspecto)
     : pintor_(pintor),

@@ -8,6 +8,7 @@
 
 // 26.6 fixed point, a sixty-fourth of a pixel: widths are added up, never rounded on the way.
 using Punto = std::int64_t;
+inline constexpr Punto Pixel = 64;  // in points
 
 // How far each byte moves the pen; never back. Byte 9 (tab) goes to the next multiple of
 // `tabulador` from the row's left edge; its own entry is not used. Bytes 10 and 13 as part of a

@@ -10,10 +10,9 @@
 namespace {
 
 constexpr int BlancosPorTabulador = 8;
-constexpr std::int32_t Pixel = 64;  // one pixel in 26.6
 
 std::int32_t EnPuntos(qreal pixeles) {
-  return std::max(Pixel, static_cast<std::int32_t>(qRound(pixeles * Pixel)));
+  return static_cast<std::int32_t>(std::max<Punto>(Pixel, qRound(pixeles * Pixel)));
 }
 
 bool EsControl(char16_t caracter) {
@@ -50,7 +49,7 @@ TablaGlifos::TablaGlifos(const QFont& fuente, const Codificacion& codificacion) 
       avances_.ancho[byte] = EnPuntos(avances.value(byte).x());
     }
   }
-  const std::int32_t blanco = std::max(Pixel, avances_.ancho[' ']);
+  const auto blanco = std::max(static_cast<std::int32_t>(Pixel), avances_.ancho[' ']);
   for (int byte = 0; byte < 256; ++byte)
     if (entradas_[byte].fuente == Marca) avances_.ancho[byte] = blanco;
   avances_.tabulador = BlancosPorTabulador * blanco;
