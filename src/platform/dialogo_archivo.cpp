@@ -132,6 +132,6 @@ void DialogoArchivo::accept() {
     campo_->selectAll();
   } else {
     elegido_ = QDir::cleanPath(ruta);
-    QDialog::accept();
+    done(Accepted);  // not the base's: it would read the field in its own way
   }
 }

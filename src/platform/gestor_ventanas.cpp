@@ -111,33 +111,40 @@ bool GestorVentanas::BotonPulsado() const {
 }
 
 std::optional<QMargins> GestorVentanas::Marco(const QWindow& ventana) const {
+  const auto nativo = MarcoNativo(ventana);
+  return nativo ? std::optional((*nativo / ventana.devicePixelRatio()).toMargins())
+                : std::optional<QMargins>();
+}
+
+std::optional<QMarginsF> GestorVentanas::MarcoNativo(const QWindow& ventana) const {
   if (!Sabe(marco_)) {
-    return ventana.frameMargins();
+    return QMarginsF(ventana.frameMargins()) * ventana.devicePixelRatio();
   }
   const auto dicho = Propiedad(conexion_, static_cast<xcb_window_t>(ventana.winId()), marco_);
   if (dicho == nullptr || dicho->format != 32 || dicho->value_len < 4) {
     return {};
   }
   const auto* lados = static_cast<const quint32*>(xcb_get_property_value(dicho.get()));
-  return (QMarginsF(lados[0], lados[2], lados[1], lados[3]) / ventana.devicePixelRatio())
-      .toMargins();
+  return QMarginsF(lados[0], lados[2], lados[1], lados[3]);
 }
 
-std::optional<QPoint> GestorVentanas::Origen(const QWindow& ventana) const {
+std::optional<QPointF> GestorVentanas::Esquina(const QWindow& ventana) const {
   if (QGuiApplication::platformName() == u"wayland") {
     return {};
   }
   if (conexion_ == nullptr) {
-    return ventana.position();
+    return QPointF(ventana.framePosition());
   }
   const auto id = static_cast<xcb_window_t>(ventana.winId());
   const Respuesta<xcb_translate_coordinates_reply_t> dicho(xcb_translate_coordinates_reply(
       conexion_, xcb_translate_coordinates(conexion_, id, raiz_, 0, 0), nullptr));
-  if (dicho == nullptr) {
+  const auto marco = MarcoNativo(ventana);
+  if (dicho == nullptr || !marco) {
     return {};
   }
-  const QPoint origen = ventana.screen()->geometry().topLeft();  // the same in both units
-  return origen + (QPoint(dicho->dst_x, dicho->dst_y) - origen) / ventana.devicePixelRatio();
+  const QPointF nativa(dicho->dst_x - marco->left(), dicho->dst_y - marco->top());
+  const QPointF origen = ventana.screen()->geometry().topLeft();  // the same in both units
+  return origen + (nativa - origen) / ventana.devicePixelRatio();
 }
 
 void GestorVentanas::AnotarHora(const QEvent& evento) {

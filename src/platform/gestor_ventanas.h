@@ -33,9 +33,9 @@ class GestorVentanas : public QObject, private QAbstractNativeEventFilter {
   bool BotonPulsado() const;
   // What its frame takes; nothing until the manager has said it.
   std::optional<QMargins> Marco(const QWindow& ventana) const;
-  // Where its inside begins on the screen, asked of the desktop: the toolkit can be mistaken.
-  // Nothing where windows have no place of their own.
-  std::optional<QPoint> Origen(const QWindow& ventana) const;
+  // Where its frame begins on the screen, asked of the desktop: the toolkit can be mistaken.
+  // Nothing where windows have no place of their own. At a scale it can lie between two pixels.
+  std::optional<QPointF> Esquina(const QWindow& ventana) const;
 
  signals:
   void TecladoEn(WId ventana);      // the manager has given it the keyboard
@@ -44,6 +44,7 @@ class GestorVentanas : public QObject, private QAbstractNativeEventFilter {
  private:
   bool nativeEventFilter(const QByteArray& tipo, void* mensaje, qintptr* resultado) override;
   bool Sabe(quint32 indicacion) const;
+  std::optional<QMarginsF> MarcoNativo(const QWindow& ventana) const;
   void AnotarHora(quint32 hora);
 
   xcb_connection_t* conexion_ = nullptr;  // null: no X11

@@ -1,6 +1,7 @@
 #include "platform/ventana.h"
 
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include <QCloseEvent>
@@ -46,6 +47,13 @@ Qt::WindowState EnToolkit(EstadoVentana estado) {
       break;
   }
   return Qt::WindowNoState;
+}
+
+// A place that was asked for is rounded to the screen's own pixels, and its frame's width again: so
+// far from it the window has not been moved, or it would walk on from run to run.
+int Vista(int pedida, qreal dicha) {
+  constexpr qreal Redondeo = 0.75;  // pixels
+  return std::abs(dicha - pedida) < Redondeo ? pedida : qRound(dicha);
 }
 
 // The twips that were set, while the pixels are still theirs; else the pixels' own.
@@ -229,11 +237,10 @@ void Ventana::VerMarco() {
     AjustarAlMarco(*marco);
   }
   // Its place stays the one asked for where the desktop tells of none.
-  const auto interior = activacion_.Gestor().Origen(*nativa);
-  visto_ = QRect(interior.value_or(geometry().topLeft()), size()).marginsAdded(*marco);
-  if (!interior) {
-    visto_.moveTopLeft(EsquinaPedida());
-  }
+  const QPoint pedida = EsquinaPedida();
+  const QPointF esquina = activacion_.Gestor().Esquina(*nativa).value_or(pedida);
+  visto_ = QRect(QPoint(Vista(pedida.x(), esquina.x()), Vista(pedida.y(), esquina.y())),
+                 size().grownBy(*marco));
 }
 
 // In one request, and for the inside: what the toolkit takes for the outer place is not yet true.
