@@ -26,8 +26,9 @@ Avances Fijos() {
 
 Avances Proporcionales() {
   Avances avances = Fijos();
-  for (std::size_t i = 0; i < avances.ancho.size(); ++i)
+  for (std::size_t i = 0; i < avances.ancho.size(); ++i) {
     avances.ancho[i] = static_cast<std::int32_t>(3 * Pixel + i * 37 % (7 * Pixel));
+  }
   return avances;
 }
 

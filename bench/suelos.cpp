@@ -47,8 +47,9 @@ bool Foto::TieneLetras() const {
   constexpr int Puntos = 500;  // a caret alone has fewer
   int oscuros = 0;
   for (int y = 0; y < imagen_.height() / 2; ++y) {
-    for (int x = 0; x < imagen_.width() / 2; ++x)
+    for (int x = 0; x < imagen_.width() / 2; ++x) {
       if (qGray(imagen_.pixel(x, y)) < Oscuro) ++oscuros;
+    }
   }
   return oscuros >= Puntos && oscuros < imagen_.width() * imagen_.height() / 8;
 }

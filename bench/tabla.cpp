@@ -62,8 +62,9 @@ void Imprimir(const Tabla::Renglon& renglon, const Columnas& columnas) {
                       mediana / static_cast<double>(renglon.unidades) * renglon.cuenta.escala,
                       renglon.cuenta.unidad);
   std::array<char, 16> razon{};
-  if (suelo.Total() > 0)
+  if (suelo.Total() > 0) {
     (void)std::snprintf(razon.data(), razon.size(), "%.2f", mediana / suelo.Mediana());
+  }
   (void)std::printf("%-23s %13s %9s %9s %16s %9s %6s %8s\n", renglon.nombre, renglon.tamano.c_str(),
                     texto(programa).c_str(), renglon.cuenta.como_texto(programa.Menor()).c_str(),
                     unidad.data(), texto(suelo).c_str(), razon.data(), texto(otro).c_str());

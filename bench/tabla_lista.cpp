@@ -25,8 +25,9 @@ std::string Archivos(int cuantos) {
 
 QStringList Rutas(int cuantas) {
   QStringList rutas;
-  for (int i = 0; i < cuantas; ++i)
+  for (int i = 0; i < cuantas; ++i) {
     rutas << QStringLiteral("/una/carpeta/%1 ñandú.txt").arg(i * 7919 % 32768);
+  }
   return rutas;
 }
 
@@ -35,8 +36,9 @@ void FilaUnoAUno(Tabla& tabla, int cuantos) {
   const auto anadir = [&] {
     ListaArchivos lista;
     const double segundos = Segundos([&] {
-      for (const QString& ruta : rutas)
+      for (const QString& ruta : rutas) {
         if (lista.Buscar(ruta) < 0) lista.Agregar(ruta);
+      }
     });
     Exigir(lista.Total() == cuantos, "the list is not complete");
     return segundos;
@@ -82,8 +84,9 @@ int Entradas(const QStringList& carpetas) {
   int halladas = 0;
   for (const QString& nombre : carpetas) {
     DIR* carpeta = ::opendir(RutaDelSistema(nombre).constData());
-    while (const dirent* entrada = ::readdir(carpeta))
+    while (const dirent* entrada = ::readdir(carpeta)) {
       if (entrada->d_name[0] != '.') ++halladas;
+    }
     ::closedir(carpeta);
   }
   return halladas;

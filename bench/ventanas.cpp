@@ -11,8 +11,9 @@ namespace {
 FrmTexto& TextoDe(FrmMain& principal) {
   principal.MostrarSinActivar();  // brings the text window
   principal.DarFoco();
-  for (QWidget* ventana : QApplication::topLevelWidgets())
+  for (QWidget* ventana : QApplication::topLevelWidgets()) {
     if (auto* texto = qobject_cast<FrmTexto*>(ventana)) return *texto;
+  }
   throw std::runtime_error("there is no text window");
 }
 
@@ -25,8 +26,9 @@ Ventanas::Ventanas()
       foto_lista_(principal_.size()) {
   gral_.ArchivoINI = carpeta.filePath(QStringLiteral("Velda.INI"));
   gral_.ArchivoFavoritas = carpeta.filePath(QStringLiteral("Favoritas.INI"));
-  for (std::size_t i = 0; i < cajas_.size(); ++i)
+  for (std::size_t i = 0; i < cajas_.size(); ++i) {
     cajas_[i] = texto_.findChild<CajaTexto*>(QStringLiteral("TextBox(%1)").arg(i));
+  }
   HacerOpciones();
   Reposar();
 }

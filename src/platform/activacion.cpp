@@ -20,9 +20,7 @@ Ventana* VentanaDe(QObject* objeto) {
     return qobject_cast<Ventana*>(widget->window());
   }
   for (QWidget* widget : QApplication::topLevelWidgets()) {
-    if (widget->windowHandle() == objeto) {
-      return qobject_cast<Ventana*>(widget);
-    }
+    if (widget->windowHandle() == objeto) return qobject_cast<Ventana*>(widget);
   }
   return nullptr;
 }
@@ -53,9 +51,7 @@ bool Bloqueada(const Ventana& ventana) {
 }
 
 void Anotar(std::vector<QPointer<Ventana>>& lista, Ventana& ventana) {
-  if (std::find(lista.begin(), lista.end(), &ventana) == lista.end()) {
-    lista.emplace_back(&ventana);
-  }
+  if (std::find(lista.begin(), lista.end(), &ventana) == lista.end()) lista.emplace_back(&ventana);
 }
 
 }  // namespace
@@ -65,9 +61,7 @@ Activacion::Manejador::Manejador(Activacion& activacion) : activacion_(activacio
 }
 
 Activacion::Manejador::~Manejador() {
-  if (activacion_.profundidad_ == 1) {
-    activacion_.Asentar();
-  }
+  if (activacion_.profundidad_ == 1) activacion_.Asentar();
   --activacion_.profundidad_;
 }
 
@@ -82,9 +76,7 @@ Activacion::DialogoAbierto::DialogoAbierto(Activacion& activacion, Ventana& duen
 Activacion::DialogoAbierto::~DialogoAbierto() {
   --activacion_.dialogos_;
   activacion_.pedir_ = true;
-  if (duena_ != nullptr) {
-    activacion_.Prever(*duena_);
-  }
+  if (duena_ != nullptr) activacion_.Prever(*duena_);
 }
 
 Activacion::BucleModal::BucleModal(Activacion& activacion)
@@ -106,9 +98,7 @@ Activacion::Activacion() {
   connect(&paciencia_, &QTimer::timeout, this, &Activacion::Sosegar);
   connect(qApp, &QGuiApplication::applicationStateChanged, this,
           [this](Qt::ApplicationState estado) {
-            if (estado != Qt::ApplicationActive) {
-              elevadas_.clear();
-            }
+            if (estado != Qt::ApplicationActive) elevadas_.clear();
           });
 }
 
@@ -142,16 +132,12 @@ void Activacion::Restaurar(Ventana& ventana) {
 void Activacion::Desaparecer(Ventana& ventana) {
   for (QWidget* widget : QApplication::topLevelWidgets()) {
     auto* otra = qobject_cast<Ventana*>(widget);
-    if (otra != nullptr && otra != &ventana && otra->isVisible()) {
-      Prever(*otra);
-    }
+    if (otra != nullptr && otra != &ventana && otra->isVisible()) Prever(*otra);
   }
 }
 
 void Activacion::Olvidar(Ventana& ventana) {
-  for (auto* lista : {&por_mapear_, &tocadas_, &elevadas_}) {
-    std::erase(*lista, &ventana);
-  }
+  for (auto* lista : {&por_mapear_, &tocadas_, &elevadas_}) std::erase(*lista, &ventana);
   foco_.Olvidar(ventana);
   peticiones_.Olvidar(ventana);
 }
@@ -160,16 +146,10 @@ bool Activacion::eventFilter(QObject* objeto, QEvent* evento) {
   gestor_.AnotarHora(*evento);
   const bool activada = evento->type() == QEvent::WindowActivate;
   const bool tecla = EsTecla(objeto, evento);
-  if (!activada && !tecla && !EsPulsacion(objeto, evento)) {
-    return false;
-  }
+  if (!activada && !tecla && !EsPulsacion(objeto, evento)) return false;
   Ventana* ventana = VentanaDe(objeto);
-  if (ventana == nullptr || dialogos_ > 0 || Bloqueada(*ventana)) {
-    return false;
-  }
-  if (tecla) {
-    return PorTecla(*ventana, *evento);
-  }
+  if (ventana == nullptr || dialogos_ > 0 || Bloqueada(*ventana)) return false;
+  if (tecla) return PorTecla(*ventana, *evento);
   if (!activada) {
     PorUsuario(*ventana);
   } else if (objeto == ventana) {
@@ -181,9 +161,7 @@ bool Activacion::eventFilter(QObject* objeto, QEvent* evento) {
 void Activacion::PorUsuario(Ventana& ventana) {
   const Manejador manejador(*this);
   pedir_ = true;  // a press need not bring the keyboard along, and an older request may take it
-  if (!ventana.isActiveWindow()) {
-    Prever(ventana);
-  }
+  if (!ventana.isActiveWindow()) Prever(ventana);
   Mover(ventana);
 }
 
@@ -195,12 +173,8 @@ bool Activacion::PorTecla(Ventana& ventana, QEvent& evento) {
     return false;
   }
   QObject* destino = activa->windowHandle();
-  if (evento.type() == QEvent::InputMethod) {
-    destino = activa->focusWidget();
-  }
-  if (destino != nullptr) {
-    QCoreApplication::sendEvent(destino, &evento);
-  }
+  if (evento.type() == QEvent::InputMethod) destino = activa->focusWidget();
+  if (destino != nullptr) QCoreApplication::sendEvent(destino, &evento);
   return true;
 }
 
@@ -238,9 +212,7 @@ void Activacion::DevolverAlModal(WId ventana) {
 void Activacion::Sosegar() {
   peticiones_.Vaciar();
   auto* real = qobject_cast<Ventana*>(QApplication::activeWindow());
-  if (real == nullptr || real == Activa() || dialogos_ > 0 || Bloqueada(*real)) {
-    return;
-  }
+  if (real == nullptr || real == Activa() || dialogos_ > 0 || Bloqueada(*real)) return;
   if (ultima_ == Ultima::Pedida) {
     PedirFoco();
     ultima_ = Ultima::Insistida;
@@ -296,18 +268,12 @@ void Activacion::ElevarTocadas() {
 
 void Activacion::PedirFoco() {
   Ventana* activa = Activa();
-  if (activa == nullptr || !activa->isVisible() || activa->isMinimized()) {
-    return;
-  }
-  if (activa->isActiveWindow() && peticiones_.Vacias()) {
-    return;
-  }
+  if (activa == nullptr || !activa->isVisible() || activa->isMinimized()) return;
+  if (activa->isActiveWindow() && peticiones_.Vacias()) return;
   activa->raise();
   Anotar(elevadas_, *activa);
   peticiones_.Pedir(*activa);
   ultima_ = Ultima::Pedida;
   paciencia_.start();
-  if (!gestor_.Activar(*activa->windowHandle())) {
-    activa->activateWindow();
-  }
+  if (!gestor_.Activar(*activa->windowHandle())) activa->activateWindow();
 }

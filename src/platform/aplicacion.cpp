@@ -35,9 +35,7 @@ QPalette PaletaClara() {
 }  // namespace
 
 Aplicacion::Plataforma::Plataforma() : elegida(!qEnvironmentVariableIsSet(VariablePlataforma)) {
-  if (elegida) {
-    qputenv(VariablePlataforma, "xcb;wayland");
-  }
+  if (elegida) qputenv(VariablePlataforma, "xcb;wayland");
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QApplication::setDesktopSettingsAware(false);
   // The toolkit's file dialog would keep a settings file of its own: there is no folder for it.

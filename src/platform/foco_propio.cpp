@@ -4,22 +4,14 @@
 #include <utility>
 
 void FocoPropio::Mover(Activable& ventana) {
-  if (activa_ == &ventana) {
-    return;
-  }
+  if (activa_ == &ventana) return;
   Activable* anterior = std::exchange(activa_, &ventana);
-  if (anterior != nullptr) {
-    anterior->Form_Deactivate();
-  }
-  if (activa_ == &ventana) {
-    ventana.Form_Activate();
-  }
+  if (anterior != nullptr) anterior->Form_Deactivate();
+  if (activa_ == &ventana) ventana.Form_Activate();
 }
 
 void FocoPropio::Olvidar(const Activable& ventana) {
-  if (activa_ == &ventana) {
-    activa_ = nullptr;
-  }
+  if (activa_ == &ventana) activa_ = nullptr;
 }
 
 void PeticionesFoco::Prever(const Activable& ventana) {
@@ -43,18 +35,12 @@ PeticionesFoco::Respuesta PeticionesFoco::Activada(const Activable& ventana,
   const auto paso = std::find_if(pasos_.begin(), pasos_.end(), es_suyo);
   const bool conocida = paso != pasos_.end();
   const bool prevista = conocida && !paso->pedido;
-  if (conocida) {
-    pasos_.erase(pasos_.begin(), paso + 1);
-  }
+  if (conocida) pasos_.erase(pasos_.begin(), paso + 1);
   if (&ventana == activa) {
-    if (std::all_of(pasos_.begin(), pasos_.end(), es_suyo)) {
-      pasos_.clear();
-    }
+    if (std::all_of(pasos_.begin(), pasos_.end(), es_suyo)) pasos_.clear();
     return Respuesta::Conforme;
   }
-  if (prevista || (conocida && !Pedida(activa))) {
-    return Respuesta::Repetir;
-  }
+  if (prevista || (conocida && !Pedida(activa))) return Respuesta::Repetir;
   return pendiente ? Respuesta::Esperar : Respuesta::DelUsuario;
 }
 

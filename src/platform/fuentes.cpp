@@ -40,9 +40,7 @@ QFont FuenteDe(const FuenteTexto& texto) {
 QFont Estrechada(QFont fuente, const QString& texto, int ancho) {
   fuente.setStretch(QFont::Unstretched);
   const int natural = QFontMetrics(fuente).horizontalAdvance(texto);
-  if (natural > ancho) {
-    fuente.setStretch(QFont::Unstretched * ancho / natural);
-  }
+  if (natural > ancho) fuente.setStretch(QFont::Unstretched * ancho / natural);
   return fuente;
 }
 

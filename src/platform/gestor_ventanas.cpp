@@ -52,9 +52,7 @@ Respuesta<xcb_get_property_reply_t> Propiedad(xcb_connection_t* conexion, xcb_wi
 
 GestorVentanas::GestorVentanas() {
   const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (x11 == nullptr || x11->connection() == nullptr) {
-    return;
-  }
+  if (x11 == nullptr || x11->connection() == nullptr) return;
   conexion_ = x11->connection();
   raiz_ = xcb_setup_roots_iterator(xcb_get_setup(conexion_)).data->root;
   const auto atomos = Atomos<4>(
@@ -70,21 +68,15 @@ GestorVentanas::~GestorVentanas() = default;
 
 // Without a manager, or with one that does not know the hint, nobody will ever say it.
 bool GestorVentanas::Sabe(quint32 indicacion) const {
-  if (conexion_ == nullptr) {
-    return false;
-  }
+  if (conexion_ == nullptr) return false;
   const auto dicho = Propiedad(conexion_, raiz_, sabidas_);
-  if (dicho == nullptr || dicho->format != 32) {
-    return false;
-  }
+  if (dicho == nullptr || dicho->format != 32) return false;
   const auto* primera = static_cast<const xcb_atom_t*>(xcb_get_property_value(dicho.get()));
   return std::find(primera, primera + dicho->value_len, indicacion) != primera + dicho->value_len;
 }
 
 bool GestorVentanas::Activar(const QWindow& ventana, Quien quien) {
-  if (!Sabe(activa_)) {
-    return false;
-  }
+  if (!Sabe(activa_)) return false;
   const QWindow* ahora = QGuiApplication::focusWindow();
   xcb_client_message_event_t mensaje{};
   mensaje.response_type = XCB_CLIENT_MESSAGE;
@@ -102,9 +94,7 @@ bool GestorVentanas::Activar(const QWindow& ventana, Quien quien) {
 }
 
 bool GestorVentanas::BotonPulsado() const {
-  if (conexion_ == nullptr) {
-    return false;
-  }
+  if (conexion_ == nullptr) return false;
   const Respuesta<xcb_query_pointer_reply_t> dicho(
       xcb_query_pointer_reply(conexion_, xcb_query_pointer(conexion_, raiz_), nullptr));
   return dicho != nullptr && (dicho->mask & Botones) != 0;
@@ -117,31 +107,21 @@ std::optional<QMargins> GestorVentanas::Marco(const QWindow& ventana) const {
 }
 
 std::optional<QMarginsF> GestorVentanas::MarcoNativo(const QWindow& ventana) const {
-  if (!Sabe(marco_)) {
-    return QMarginsF(ventana.frameMargins()) * ventana.devicePixelRatio();
-  }
+  if (!Sabe(marco_)) return QMarginsF(ventana.frameMargins()) * ventana.devicePixelRatio();
   const auto dicho = Propiedad(conexion_, static_cast<xcb_window_t>(ventana.winId()), marco_);
-  if (dicho == nullptr || dicho->format != 32 || dicho->value_len < 4) {
-    return {};
-  }
+  if (dicho == nullptr || dicho->format != 32 || dicho->value_len < 4) return {};
   const auto* lados = static_cast<const quint32*>(xcb_get_property_value(dicho.get()));
   return QMarginsF(lados[0], lados[2], lados[1], lados[3]);
 }
 
 std::optional<QPointF> GestorVentanas::Esquina(const QWindow& ventana) const {
-  if (QGuiApplication::platformName() == u"wayland") {
-    return {};
-  }
-  if (conexion_ == nullptr) {
-    return QPointF(ventana.framePosition());
-  }
+  if (QGuiApplication::platformName() == u"wayland") return {};
+  if (conexion_ == nullptr) return QPointF(ventana.framePosition());
   const auto id = static_cast<xcb_window_t>(ventana.winId());
   const Respuesta<xcb_translate_coordinates_reply_t> dicho(xcb_translate_coordinates_reply(
       conexion_, xcb_translate_coordinates(conexion_, id, raiz_, 0, 0), nullptr));
   const auto marco = MarcoNativo(ventana);
-  if (dicho == nullptr || !marco) {
-    return {};
-  }
+  if (dicho == nullptr || !marco) return {};
   const QPointF nativa(dicho->dst_x - marco->left(), dicho->dst_y - marco->top());
   const QPointF origen = ventana.screen()->geometry().topLeft();  // the same in both units
   return origen + (nativa - origen) / ventana.devicePixelRatio();
@@ -154,9 +134,7 @@ void GestorVentanas::AnotarHora(const QEvent& evento) {
 }
 
 void GestorVentanas::AnotarHora(quint32 hora) {
-  if (static_cast<qint32>(hora - hora_) > 0) {
-    hora_ = hora;
-  }
+  if (static_cast<qint32>(hora - hora_) > 0) hora_ = hora;
 }
 
 // Closing by the frame is a message, not a press: its time is the user's last deed, too.
@@ -170,16 +148,12 @@ bool GestorVentanas::nativeEventFilter(const QByteArray& /*tipo*/, void* mensaje
     case XCB_PROPERTY_NOTIFY: {
       const auto* cambio = reinterpret_cast<const xcb_property_notify_event_t*>(evento);
       AnotarHora(cambio->time);
-      if (cambio->atom == marco_) {
-        emit MarcoCambiado(cambio->window);
-      }
+      if (cambio->atom == marco_) emit MarcoCambiado(cambio->window);
       break;
     }
     case XCB_CLIENT_MESSAGE: {
       const auto* dicho = reinterpret_cast<const xcb_client_message_event_t*>(evento);
-      if (dicho->type == protocolos_) {
-        AnotarHora(dicho->data.data32[1]);
-      }
+      if (dicho->type == protocolos_) AnotarHora(dicho->data.data32[1]);
       break;
     }
     default:

@@ -72,9 +72,7 @@ Ventana::Ventana(Activacion& activacion, Marco marco)
   connect(
       &activacion_.Gestor(), &GestorVentanas::MarcoCambiado, this,
       [this](WId ventana) {
-        if (por_ajustar_ && internalWinId() == ventana) {
-          VerMarco();
-        }
+        if (por_ajustar_ && internalWinId() == ventana) VerMarco();
       },
       Qt::QueuedConnection);
 }
@@ -132,15 +130,11 @@ void Ventana::MostrarModal(Ventana& duena) {
 }
 
 void Ventana::DarFoco() {
-  if (visible_) {
-    activacion_.DarFoco(*this);
-  }
+  if (visible_) activacion_.DarFoco(*this);
 }
 
 void Ventana::Ocultar() {
-  if (!visible_) {
-    return;
-  }
+  if (!visible_) return;
   const Activacion::Manejador manejador(activacion_);
   visible_ = false;
   activacion_.Desaparecer(*this);
@@ -149,9 +143,7 @@ void Ventana::Ocultar() {
 }
 
 void Ventana::Cerrar() {
-  if (!cargada_) {
-    return;
-  }
+  if (!cargada_) return;
   const Activacion::Manejador manejador(activacion_);
   cargada_ = false;
   Form_Unload();
@@ -164,12 +156,8 @@ void Ventana::Cerrar() {
 }
 
 EstadoVentana Ventana::Estado() const {
-  if (!isVisible()) {
-    return por_mostrar_;
-  }
-  if (isMinimized()) {
-    return EstadoVentana::Minimizada;
-  }
+  if (!isVisible()) return por_mostrar_;
+  if (isMinimized()) return EstadoVentana::Minimizada;
   return isMaximized() ? EstadoVentana::Maximizada : EstadoVentana::Normal;
 }
 
@@ -180,9 +168,7 @@ void Ventana::PonerEstado(EstadoVentana estado) {
   } else if (estado != antes) {
     const Activacion::Manejador manejador(activacion_);
     setWindowState(EnToolkit(estado));
-    if (antes == EstadoVentana::Minimizada) {
-      activacion_.Restaurar(*this);
-    }
+    if (antes == EstadoVentana::Minimizada) activacion_.Restaurar(*this);
   }
 }
 
@@ -224,18 +210,12 @@ QSize Ventana::Exterior() const {
 // been seen in that one first.
 void Ventana::VerMarco() {
   const QWindow* nativa = windowHandle();
-  if (!isVisible() || nativa == nullptr || !nativa->isExposed()) {
-    return;
-  }
+  if (!isVisible() || nativa == nullptr || !nativa->isExposed()) return;
   const EstadoVentana estado = Estado();
   llegada_ = llegada_ || estado == por_mostrar_;
   const auto marco = activacion_.Gestor().Marco(*nativa);
-  if (estado != EstadoVentana::Normal || !llegada_ || !marco) {
-    return;
-  }
-  if (std::exchange(por_ajustar_, false)) {
-    AjustarAlMarco(*marco);
-  }
+  if (estado != EstadoVentana::Normal || !llegada_ || !marco) return;
+  if (std::exchange(por_ajustar_, false)) AjustarAlMarco(*marco);
   // Its place stays the one asked for where the desktop tells of none.
   const QPoint pedida = EsquinaPedida();
   const QPointF esquina = activacion_.Gestor().Esquina(*nativa).value_or(pedida);
@@ -260,9 +240,7 @@ void Ventana::PonerTitulo(const QString& titulo) {
 }
 
 void Ventana::PonerTituloSiDistinto(const QString& titulo) {
-  if (titulo != titulo_) {
-    PonerTitulo(titulo);
-  }
+  if (titulo != titulo_) PonerTitulo(titulo);
 }
 
 bool Ventana::event(QEvent* evento) {
@@ -273,9 +251,7 @@ bool Ventana::event(QEvent* evento) {
 }
 
 bool Ventana::eventFilter(QObject* objeto, QEvent* evento) {
-  if (objeto == windowHandle() && evento->type() == QEvent::Expose) {
-    VerMarco();
-  }
+  if (objeto == windowHandle() && evento->type() == QEvent::Expose) VerMarco();
   return QWidget::eventFilter(objeto, evento);
 }
 

@@ -53,8 +53,9 @@ Resultado Cambiar(const QString& ruta, std::span<const Ajuste> ajustes, Duracion
 
 AccesoPerfilArchivo::AccesoPerfilArchivo(const QString& por_crear, Esperar esperar)
     : por_crear_(QDir::cleanPath(por_crear)), esperar_(std::move(esperar)) {
-  if (!esperar_)
+  if (!esperar_) {
     esperar_ = [](std::chrono::milliseconds un_rato) { std::this_thread::sleep_for(un_rato); };
+  }
 }
 
 // Gives back the open folder that holds the lock until it is closed.

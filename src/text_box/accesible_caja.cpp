@@ -37,8 +37,9 @@ Posicion AccesibleCaja::Dentro(int caracter) const {
 
 void* AccesibleCaja::interface_cast(QAccessible::InterfaceType tipo) {
   if (tipo == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
-  if (tipo == QAccessible::EditableTextInterface)
+  if (tipo == QAccessible::EditableTextInterface) {
     return static_cast<QAccessibleEditableTextInterface*>(this);
+  }
   return QAccessibleWidget::interface_cast(tipo);
 }
 

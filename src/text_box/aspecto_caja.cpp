@@ -38,8 +38,9 @@ AspectoCaja AspectoCaja::De(const QColor& texto, const QColor& fondo, const QPal
                       .fondo_elegido = paleta.color(QPalette::Active, QPalette::Highlight)};
   if (Contraste(texto, fondo) < SeLee) aspecto.cursor = BlancoONegro(fondo);
   if (Contraste(aspecto.fondo_elegido, fondo) >= SeDistingue &&
-      Contraste(aspecto.fondo_elegido, aspecto.texto_elegido) >= SeLee)
+      Contraste(aspecto.fondo_elegido, aspecto.texto_elegido) >= SeLee) {
     return aspecto;
+  }
   // The palette's selection would drown in this background: turn the pair around.
   aspecto.fondo_elegido = aspecto.cursor;
   aspecto.texto_elegido =

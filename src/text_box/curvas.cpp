@@ -22,13 +22,15 @@ void Curvas::Empalmar(const Lineas::Empalme& empalme) {
   grupos_.resize(bloques_.size() / PorGrupo, {-1, SinTab});
   // With more blocks or fewer all groups behind are others.
   const std::size_t hasta = empalme.viejos == empalme.nuevos ? tocados : grupos_.size();
-  for (std::size_t i = empalme.desde / PorGrupo; i < std::min(hasta, grupos_.size()); ++i)
+  for (std::size_t i = empalme.desde / PorGrupo; i < std::min(hasta, grupos_.size()); ++i) {
     grupos_[i].antes = -1;
+  }
 }
 
 Curvas::Puesto Curvas::Pasar(const Puesto& puesto, std::size_t ultimo) const {
-  if (puesto.bloque % PorGrupo != 0 || puesto.bloque + PorGrupo > ultimo)
+  if (puesto.bloque % PorGrupo != 0 || puesto.bloque + PorGrupo > ultimo) {
     return PasarBloque(puesto);
+  }
   const std::size_t grupo = puesto.bloque / PorGrupo;
   return {puesto.bloque + PorGrupo, puesto.pos + lineas_->Bloques().BytesDeGrupo(grupo),
           Aplicar(DeGrupo(grupo, puesto.pos), puesto.x)};

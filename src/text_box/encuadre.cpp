@@ -183,8 +183,9 @@ QRect Encuadre::Rectangulo(const Lugar& lugar) const {
   int numero = 0;
   const int ultima = tamano_.height() / Tabla().AltoFila() + 1;
   if (fila < arriba) numero = -1;
-  for (Posicion otra = arriba; numero >= 0 && numero < ultima && otra != fila; ++numero)
+  for (Posicion otra = arriba; numero >= 0 && numero < ultima && otra != fila; ++numero) {
     otra = Andar(otra, 1);
+  }
   return {static_cast<int>(x), Margen + numero * Tabla().AltoFila(), AnchoCursor,
           Tabla().AltoFila()};
 }

@@ -118,8 +118,9 @@ Posicion Filas::FinDe(Posicion inicio) const {
 std::int64_t Filas::Indice(Posicion pos) const {
   const Posicion inicio = Cerca(pos) ? InicioDe(pos) : pos;
   const Sumas::BloqueSituado hallado = sumas_.PorPosicion(inicio);
-  if (hallado.bloque == sumas_.Bloques())
+  if (hallado.bloque == sumas_.Bloques()) {
     return std::min(hallado.cuenta + Estimar(inicio - hallado.bytes), Total() - 1);
+  }
   const std::int64_t filas =
       Pendiente(hallado.bytes) ? Estimar(inicio - hallado.bytes)
                                : partidor_.Bajar(LectorTexto(*texto_), hallado.bytes, inicio).filas;
@@ -137,8 +138,9 @@ Posicion Filas::PosicionDe(std::int64_t indice) const {
     return InicioDe(hallado.bytes + static_cast<Posicion>(parte * resto));
   }
   const Sumas::Bloque bloque = sumas_.En(hallado.bloque);
-  if (Pendiente(hallado.bytes))
+  if (Pendiente(hallado.bytes)) {
     return InicioDe(hallado.bytes + static_cast<Posicion>(bloque.bytes) * filas / bloque.cuenta);
+  }
   const Posicion fin = hallado.bytes + bloque.bytes - 1;
   const Posicion inicio = partidor_.Bajar(LectorTexto(*texto_), hallado.bytes, fin, filas).inicio;
   return Exacto(inicio) ? inicio : InicioDe(inicio);

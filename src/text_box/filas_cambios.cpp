@@ -165,8 +165,9 @@ void Filas::Reemplazado(const Cambio& cambio) {
   viejos.inicio += cambio.puestos - cambio.quitados;
 
   OlvidarPendientes(inicio + 1, fin);
-  for (Posicion& pendiente : pendientes_)
+  for (Posicion& pendiente : pendientes_) {
     if (pendiente >= fin) pendiente += cambio.puestos - cambio.quitados;
+  }
   if (Exacto(inicio)) {
     const Posicion pegado = std::min<Posicion>(cambio.puestos, medidas_.al_configurar);
     Rehacer(primero, inicio, viejos, cambio.pos + pegado + medidas_.al_cambiar);

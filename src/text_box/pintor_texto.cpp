@@ -96,10 +96,12 @@ void PintorTexto::PintarRango(std::size_t desde, std::size_t hasta, int y, const
 // A control character is a small hollow box, a tab is empty.
 void PintorTexto::PintarMarcas(std::size_t desde, std::size_t hasta, int y) {
   const qreal alto = tabla_.Base() / 2;
-  for (std::size_t i = desde; i < hasta; ++i)
-    if (bytes_[i] != '\t')
+  for (std::size_t i = desde; i < hasta; ++i) {
+    if (bytes_[i] != '\t') {
       pintor_.drawRect(QRectF(x_[i] + 1, y + tabla_.Base() - alto,
                               std::max<qreal>(1, x_[i + 1] - x_[i] - 3), alto - 1));
+    }
+  }
 }
 
 void PintorTexto::PintarRayas(qreal izquierda, qreal derecha, qreal base) {

@@ -88,9 +88,7 @@ Mascaras Mirar(const LectorTexto& texto, Posicion pos, std::size_t n) {
 }
 
 std::size_t HastaEspecial(const unsigned char* bytes, std::size_t n) {
-  if (n < 16) {
-    return static_cast<std::size_t>(std::find_if(bytes, bytes + n, EsEspecial) - bytes);
-  }
+  if (n < 16) return static_cast<std::size_t>(std::find_if(bytes, bytes + n, EsEspecial) - bytes);
   for (std::size_t i = 0;; i = std::min(i + 16, n - 16)) {
     const std::uint64_t especiales = Especiales(bytes + i);
     if (especiales != 0) return i + static_cast<std::size_t>(std::countr_zero(especiales));

@@ -35,8 +35,9 @@ TablaGlifos::TablaGlifos(const QFont& fuente, const Codificacion& codificacion) 
   fuentes_.push_back(QRawFont::fromFont(llana));
   Medir(fuente);
   QString caracteres(256, u'\0');
-  for (int byte = 0; byte < 256; ++byte)
+  for (int byte = 0; byte < 256; ++byte) {
     caracteres[byte] = codificacion.Caracter(static_cast<unsigned char>(byte));
+  }
   const QList<quint32> glifos = fuentes_[0].glyphIndexesForString(caracteres);
   const QList<QPointF> avances = fuentes_[0].advancesForGlyphIndexes(glifos);
   for (int byte = 0; byte < 256; ++byte) {
@@ -50,8 +51,9 @@ TablaGlifos::TablaGlifos(const QFont& fuente, const Codificacion& codificacion) 
     }
   }
   const auto blanco = std::max(static_cast<std::int32_t>(Pixel), avances_.ancho[' ']);
-  for (int byte = 0; byte < 256; ++byte)
+  for (int byte = 0; byte < 256; ++byte) {
     if (entradas_[byte].fuente == Marca) avances_.ancho[byte] = blanco;
+  }
   avances_.tabulador = BlancosPorTabulador * blanco;
   ancho_mayor_ = std::max(*std::ranges::max_element(avances_.ancho), avances_.tabulador);
 }

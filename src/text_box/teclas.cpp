@@ -87,10 +87,12 @@ Tecla Interpretar(const QKeyEvent& evento) {
       Edicion, [&](const Renglon& renglon) { return Coincide(renglon, tecla, control, mayus); });
   if (orden != std::end(Edicion)) return {orden->orden, orden->aviso, false};
   const auto* paso = std::ranges::find(Movimiento, tecla, &Paso::tecla);
-  if (paso != std::end(Movimiento))
+  if (paso != std::end(Movimiento)) {
     return {control ? paso->con_control : paso->suelta, Aviso::Ninguno, mayus};
-  if (control && tecla >= Qt::Key_A && tecla <= Qt::Key_Z)
+  }
+  if (control && tecla >= Qt::Key_A && tecla <= Qt::Key_Z) {
     return {Orden::Nada, Aviso::Caracter, false};
+  }
   if (!control && EsTexto(evento.text())) return {Orden::Escribir, Aviso::Caracter, false};
   return {};
 }

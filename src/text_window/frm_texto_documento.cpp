@@ -47,9 +47,7 @@ void FrmTexto::QuedarSinArchivo() {
 // Everything is read before the window changes, so that a failure leaves it as it was. A screen
 // reader can press what the dialog stands before, so ArchivoActual may be another afterwards.
 bool FrmTexto::CargarArchivo() {
-  if (!HayArchivoActual()) {
-    return true;
-  }
+  if (!HayArchivoActual()) return true;
   const QString archivo = gral_.ArchivoActual;
   const Resultado leido = Leer(archivo);
   if (leido.Codigo() == ECANCELED) {
@@ -70,9 +68,7 @@ bool FrmTexto::CargarArchivo() {
 
 Resultado FrmTexto::Leer(const QString& archivo) {
   auto lector = LectorArchivo::Abrir(archivo, LectorArchivo::SiFalta::Crear);
-  if (!lector.Bien()) {
-    return lector.Fallo();
-  }
+  if (!lector.Bien()) return lector.Fallo();
   const QString nombre = archivo.section(SeparadorRuta, -1);
   return documento_.Cargar(lector.Valor(),
                            escritorio_.esperas.Empezar(*this, QStringLiteral("Leyendo el archivo…"),
@@ -91,9 +87,7 @@ void FrmTexto::DejarCarga() {
 }
 
 bool FrmTexto::TeclaCaracter() {
-  if (VeOpciones() || VeFavoritas()) {
-    return false;
-  }
+  if (VeOpciones() || VeFavoritas()) return false;
   MarcarEdicion();
   return true;
 }
@@ -146,9 +140,7 @@ void FrmTexto::CmdGuardar_Click() {
 void FrmTexto::CmdCancelar_Click() {
   const Activacion::Manejador manejador(LaActivacion());
   gral_.ArchivoNuevo = false;
-  if (Titulo() == TituloNuevo) {
-    PonerSinArchivo(TituloSinArchivo);
-  }
+  if (Titulo() == TituloNuevo) PonerSinArchivo(TituloSinArchivo);
   if (CargarArchivo()) {
     CajaVisible().setFocus();
     EsconderGuardar();

@@ -1,6 +1,6 @@
-"""Reads the includes of src/ and fails when one goes against the house's rules.
+"""Reads the sources and fails when an include or a brace goes against the house's rules.
 
-reglas.py SRC CABECERAS_QTCORE     checks a tree; every wrong line is named
+reglas.py SRC CABECERAS_QTCORE     checks a tree, and the braces of tests/ and bench/ beside it
 reglas.py --autoprueba CABECERAS   made-up trees with one mistake each: every one must be caught
 """
 import pathlib
@@ -28,8 +28,15 @@ PAGINA, QUIEN_LA_PIDE = "shared/pagina_codigos.h", "text_box/codificacion.cpp"  
 NUCLEO = pathlib.Path(__file__).parents[2] / "src/text_box/nucleo.cmake"
 SIN_QT = {nombre for nombre in re.findall(r"(\w+)\.cpp", NUCLEO.read_text(encoding="utf-8"))
           if not nombre.startswith(("codificacion", "documento"))}
-LINEAS_MAXIMAS = 400
+LINEAS_MAXIMAS, COLUMNAS_MAXIMAS = 400, 100
 INCLUYE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
+
+# A body in a line of its own without braces, and one with braces that has room in the line above;
+# both as clang-format lays them out. A condition that goes on is indented further than a body.
+SIN_LLAVES = re.compile(
+    r"^( *)(?:\} )?(?:if|for|while|else)\b.*(?:\n\1   .*)*(?<![{;])\n\1  (?=\S)", re.M)
+LLAVES = re.compile(
+    r"^( *(?:if|for|while)\b.*) \{\n *((?! |//|(?:if|for|while)\b).*;)\n *\}$", re.M)
 
 
 def es_qt(nombre):
@@ -38,6 +45,20 @@ def es_qt(nombre):
 
 def clase_qt(nombre):
     return nombre.split("/")[-1].lower().removesuffix(".h")
+
+
+def llaves_malas(carpeta):
+    malas = []
+    for archivo in sorted(carpeta.rglob("*.h")) + sorted(carpeta.rglob("*.cpp")):
+        texto = archivo.read_text(encoding="utf-8")
+        sin_notas = re.sub("  //.*", "", texto)
+        halladas = [(m, "needs braces") for m in SIN_LLAVES.finditer(sin_notas)]
+        halladas += [(m, "fits in one line without braces") for m in LLAVES.finditer(texto)
+                     if len(f"{m[1]} {m[2]}") <= COLUMNAS_MAXIMAS]
+        for m, porque in halladas:
+            linea = m.string.count("\n", 0, m.start()) + 1
+            malas.append(f"{archivo.relative_to(carpeta.parent)}:{linea}: {porque}")
+    return malas
 
 
 def leer(src):
@@ -96,6 +117,7 @@ def alcanza_qt(nombre, incluidos, vistos):
 
 def faltas(src, qtcore):
     incluidos, malas = leer(src)
+    malas += llaves_malas(src)
     for nombre, lista in incluidos.items():
         ruta = pathlib.PurePosixPath(nombre)
         carpeta = ruta.parts[0] if len(ruta.parts) > 1 else ""
@@ -131,6 +153,10 @@ CASOS = [
       "text_box/x.h": "#include <QtCore/qglobal.h>"}, "lineas.h: the engine must not know Qt"),
     ({"text_box/largo.cpp": "\n" * LINEAS_MAXIMAS}, "largo.cpp: 400 lines"),
     ({"cosas/a.h": ""}, "a folder without rules"),
+    ({"main.cpp": "void A() {\n  for (;;)\n    if (b) c();\n}\n"}, "main.cpp:2: needs braces"),
+    ({"main.cpp": "  if (a &&\n      b)  // both\n    return;\n"}, "main.cpp:1: needs braces"),
+    ({"main.cpp": "  if (a) {\n    b();\n  } else\n    c();\n"}, "main.cpp:3: needs braces"),
+    ({"main.cpp": "  while (a) {\n    forma();\n  }\n"}, "main.cpp:1: fits in one line"),
     ({"main.cpp": '#include <QApplication>\n#include "main_window/frm_main.h"',
       "main_window/a.cpp": '#include <QWidget>\n#include "a.moc"\n#include "text_window/b.h"',
       "platform/a.cpp": '#include <QMessageBox>\n#include "shared/b.h"',
@@ -138,6 +164,10 @@ CASOS = [
       "text_box/filas.h": '#include <vector>\n#include "text_box/bytes.h"',
       "text_box/codificacion.cpp": '#include "shared/pagina_codigos.h"',
       "text_box/largo.cpp": "\n" * (LINEAS_MAXIMAS - 1)}, ""),
+    ({"main.cpp": "  if (a) b();\n  for (;;) {\n    if (a) b();\n  }\n"
+                  "  if (a &&\n      b) {\n    c();\n  }\n"
+                  "  if (a) {\n    b();\n  } else {\n    c();\n  }\n"
+                  f"  if (a) {{\n    return {'b' * 84};\n  }}\n"}, ""),
 ]
 
 
@@ -164,6 +194,7 @@ def main():
     else:
         src = pathlib.Path(sys.argv[1])
         malas = faltas(src, qtcore)
+        malas += llaves_malas(src.parent / "tests") + llaves_malas(src.parent / "bench")
         if not (src / "main.cpp").exists():
             malas.append(f"no main.cpp in {src}")
     print("\n".join(malas))

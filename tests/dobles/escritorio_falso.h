@@ -78,9 +78,7 @@ struct AspectoFalso : DialogosAspecto {
 struct UnidadesFalsas : UnidadesReales {
   std::vector<Unidad> Listar() override { return unidades; }
   ResultadoCon<CarpetaLeida> Leer(const QString& carpeta, Busca que) override {
-    if (inventadas.contains(carpeta)) {
-      return CarpetaLeida{carpeta, inventadas[carpeta]};
-    }
+    if (inventadas.contains(carpeta)) return CarpetaLeida{carpeta, inventadas[carpeta]};
     const int fallo = fallos.value(carpeta);
     return fallo == 0 ? UnidadesReales::Leer(carpeta, que) : Resultado::Fallo(fallo);
   }

@@ -84,9 +84,7 @@ class Programa : public testing::Test {
   FrmTexto* Texto() const {
     for (QWidget* ventana : QApplication::topLevelWidgets()) {
       auto* texto = qobject_cast<FrmTexto*>(ventana);
-      if (texto != nullptr && texto->Visible()) {
-        return texto;
-      }
+      if (texto != nullptr && texto->Visible()) return texto;
     }
     return nullptr;
   }

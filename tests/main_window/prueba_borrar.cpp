@@ -29,9 +29,7 @@ class Borrar : public Programa {
       abierta = true;
       EXPECT_EQ(escritorio.activacion.Activa(), confirmacion);
       paso(*confirmacion);
-      if (confirmacion->Visible()) {
-        confirmacion->Cerrar();
-      }
+      if (confirmacion->Visible()) confirmacion->Cerrar();
     });
     principal->ImgMenu_Click(2);
     return abierta;

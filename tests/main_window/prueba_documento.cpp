@@ -113,9 +113,7 @@ TEST_F(Documentos, a_new_text_saved_over_the_file_shown_before_is_loaded_like_an
 
 TEST_F(Documentos, cancelling_the_save_dialog_keeps_the_new_text) {
   for (const bool con_archivo : {false, true}) {
-    if (con_archivo) {
-      Abrir(Archivo("a", "uno"));
-    }
+    if (con_archivo) Abrir(Archivo("a", "uno"));
     PulsarIcono(1);
     Escribir("nuevo");
     GuardarComo({});

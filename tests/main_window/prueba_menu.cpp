@@ -19,9 +19,7 @@ TEST_F(Menu, hovering_names_the_command_and_shows_one_highlight) {
     QTest::mouseMove(Hijo("ImgMenu", i));
     const QString nombre = Hijo("ImgMenu", i)->accessibleName();
     EXPECT_EQ(principal->Titulo(), i == FrmMain::IconoVisible ? "S.Visible SI" : nombre);
-    for (int j = 0; j < FrmMain::Iconos; ++j) {
-      EXPECT_EQ(Hijo("ImgSel", j)->isVisible(), i == j);
-    }
+    for (int j = 0; j < FrmMain::Iconos; ++j) EXPECT_EQ(Hijo("ImgSel", j)->isVisible(), i == j);
     EXPECT_NE(rotulo(), anterior) << "the name in the picture";
     anterior = rotulo();
   }

@@ -15,8 +15,9 @@ Azar::Azar(std::uint64_t semilla) : azar_(semilla) {
   medidas_ = {bloque, 8 << Hasta(4), 4 << Hasta(5), 8 << Hasta(5), 4 << Hasta(6)};
   if (Hasta(7) == 0) medidas_ = {};
   lineas_ = std::make_unique<Lineas>(texto_, bloque);
-  for (int i = 0; i < 2; ++i)
+  for (int i = 0; i < 2; ++i) {
     parejas_.push_back({std::make_unique<Filas>(texto_, *lineas_, medidas_), {}, 1});
+  }
   parejas_.push_back({std::make_unique<RenglonesLineas>(texto_, *lineas_, Hasta(3) * 8), {}, 0});
   for (Pareja& pareja : parejas_) Reconfigurar(pareja);
 }
@@ -42,9 +43,10 @@ Avances Azar::UnosAvances() {
 std::string Azar::UnTexto() {
   std::string texto;
   const std::int64_t n = Hasta(2) > 0 ? Hasta(3) : Hasta(tamano_ / 4);
-  while (std::ssize(texto) < n)
+  while (std::ssize(texto) < n) {
     texto.append(static_cast<std::size_t>(Hasta(9) == 0 ? 1 + Hasta(40) : 1),
                  alfabeto_[static_cast<std::size_t>(Hasta(std::ssize(alfabeto_) - 1))]);
+  }
   return texto;
 }
 
@@ -84,8 +86,9 @@ void Azar::Paso() {
     if (Hasta(2) == 0) pareja.renglones->Avanzar(0);
     if (Hasta(2) == 0) continue;  // most of what is unknown stays so for a while
     const ingenuo::Inicios inicios = Inicios(pareja);
-    for (std::int64_t i = Hasta(2); i >= 0; --i)
+    for (std::int64_t i = Hasta(2); i >= 0; --i) {
       ComprobarLugar(pareja, inicios, Hasta(std::ssize(cierto_)));
+    }
   }
   if (Hasta(15) == 0) ComprobarTodo(parejas_[static_cast<std::size_t>(Hasta(2))]);
 }

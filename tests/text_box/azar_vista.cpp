@@ -31,11 +31,13 @@ std::string AzarVista::TextoAlAzar(int cuantos) {
   static const std::string muestra =
       std::string("aaabc dEf, \xf1\xe1 x  .\n\r\n\t\r\x80\x01") + '\0' + "largapalabra ";
   std::string texto;
-  while (int(texto.size()) < cuantos)
-    if (Hasta(40) == 0)
+  while (int(texto.size()) < cuantos) {
+    if (Hasta(40) == 0) {
       texto.append(std::size_t(Hasta(120)), 'm');
-    else
+    } else {
       texto += muestra[std::size_t(Hasta(int(muestra.size())))];
+    }
+  }
   return texto;
 }
 
@@ -60,8 +62,9 @@ bool AzarVista::SeVe(Posicion pos) const {
 // A change made at the caret, which was at `cursor`: the caret is in sight, and so is what comes
 // before it up to the place of the change, as far as there is room.
 bool AzarVista::CambioALaVista(Posicion cursor) const {
-  if (cambios_.size() != 1 || banco_.caja.Cursor() != cambios_[0].pos + cambios_[0].puestos)
+  if (cambios_.size() != 1 || banco_.caja.Cursor() != cambios_[0].pos + cambios_[0].puestos) {
     return true;
+  }
   const Cambio& cambio = cambios_[0];
   if (cursor < cambio.pos || cursor > cambio.pos + cambio.quitados) return true;
   const Encuadre& vista = banco_.caja.Vista();
@@ -72,12 +75,13 @@ bool AzarVista::CambioALaVista(Posicion cursor) const {
 
 void AzarVista::Actuar() {
   const int suerte = Hasta(100);
-  if (suerte < 65)
+  if (suerte < 65) {
     Teclear();
-  else if (suerte < 80)
+  } else if (suerte < 80) {
     Raton();
-  else
+  } else {
     Cambiar();
+  }
 }
 
 void AzarVista::Teclear() {
@@ -194,8 +198,9 @@ std::string AzarVista::Comparar() {
   const auto barras = [&](const CajaTexto& c) {
     return barra(c.verticalScrollBar()) + barra(c.horizontalScrollBar());
   };
-  if (barras(caja) != barras(*gemela))
+  if (barras(caja) != barras(*gemela)) {
     return accion_ + ": bars " + barras(caja) + "but " + barras(*gemela);
+  }
   const Lugar cursor{caja.Cursor(), false};
   // Where a row is broken the caret may stand at either side of it.
   const bool uno = caja.Vista().FilaDe(cursor) == caja.Vista().FilaDe({caja.Cursor(), true});

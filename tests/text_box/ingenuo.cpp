@@ -61,8 +61,9 @@ Inicios Filas(const std::string& texto, const Avances& avances, Punto ancho, Pos
 Posicion Fin(const std::string& texto, const Inicios& inicios, std::size_t i) {
   const Posicion fin =
       i + 1 < inicios.size() ? inicios[i + 1] : static_cast<Posicion>(texto.size());
-  for (Posicion pos = inicios[i]; pos < fin; ++pos)
+  for (Posicion pos = inicios[i]; pos < fin; ++pos) {
     if (FinDeLinea(texto, static_cast<std::size_t>(pos)) > 0) return pos;
+  }
   return fin;
 }
 
@@ -74,8 +75,9 @@ std::size_t Indice(const Inicios& inicios, Posicion pos) {
 std::vector<Punto> Equis(const std::string& texto, const Avances& avances, Posicion inicio,
                          Posicion fin) {
   std::vector<Punto> equis{0};
-  for (Posicion pos = inicio; pos < fin; ++pos)
+  for (Posicion pos = inicio; pos < fin; ++pos) {
     equis.push_back(Mover(avances, texto[static_cast<std::size_t>(pos)], equis.back()));
+  }
   return equis;
 }
 

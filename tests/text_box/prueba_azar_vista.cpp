@@ -5,8 +5,9 @@
 TEST(AzarVista, after_any_action_the_screen_is_that_of_a_fresh_box) {
   for (unsigned semilla = 1; semilla <= 6; ++semilla) {
     AzarVista azar(semilla);
-    for (int paso = 0; paso < 60; ++paso)
+    for (int paso = 0; paso < 60; ++paso) {
       ASSERT_EQ(azar.Paso(), "") << "seed " << semilla << " step " << paso;
+    }
     ASSERT_EQ(azar.DeshacerTodo(), "") << "seed " << semilla;
   }
 }

@@ -68,8 +68,9 @@ TEST(ContadorLineas, line_ends_cut_by_the_pieces_are_counted_once) {
   for (std::size_t paso = 1; paso <= texto.size(); ++paso) {
     for (const int bloque : {1, 2, 3, 4096}) {
       ContadorLineas contador(bloque);
-      for (std::size_t i = 0; i < texto.size(); i += paso)
+      for (std::size_t i = 0; i < texto.size(); i += paso) {
         contador.Agregar(std::string_view(texto).substr(i, paso));
+      }
       const Sumas sumas = contador.Terminar();
       EXPECT_EQ(sumas.Cuenta(), 6) << paso << ' ' << bloque;
       EXPECT_EQ(sumas.Bytes(), std::ssize(texto));

@@ -34,10 +34,11 @@ TEST(CajaAccesible, a_screen_reader_finds_text_caret_selection_and_places) {
       {&QAccessibleTextInterface::textAfterOffset, 15, Unidad::CharBoundary, u""},
       {&QAccessibleTextInterface::textBeforeOffset, 0, Unidad::WordBoundary, u""},
   };
-  for (const auto& caso : casos)
+  for (const auto& caso : casos) {
     EXPECT_EQ((texto->*caso.pregunta)(caso.pos, caso.unidad, &desde, &hasta),
               QString::fromUtf16(caso.respuesta))
         << caso.pos;
+  }
   const QRect sitio = texto->characterRect(11);
   EXPECT_GT(sitio.width(), 4);
   EXPECT_EQ(texto->offsetAtPoint(sitio.center()), 11);

@@ -52,8 +52,9 @@ TEST(CajaEntrada, pasted_text_takes_the_documents_line_ends_and_lacking_characte
 TEST(CajaEntrada, copied_text_keeps_every_byte_and_cut_is_one_step_of_undo) {
   BancoCaja banco;
   std::string todos;
-  for (int byte = 0; byte < 256; ++byte)
+  for (int byte = 0; byte < 256; ++byte) {
     if (byte != '\r') todos += char(byte);
+  }
   banco.documento.Poner(todos);
   banco.Teclas("Ctrl+A Ctrl+C");
   const QString copiado = QApplication::clipboard()->text();

@@ -93,7 +93,7 @@ TEST(CajaPintura, caret_and_selection_are_seen_on_every_pair_of_colours) {
                             Qt::darkRed,
                             QColor(0x80, 0x80, 0x88)};
   BancoCaja banco;
-  for (const QColor& texto : colores)
+  for (const QColor& texto : colores) {
     for (const QColor& fondo : colores) {
       const AspectoCaja aspecto = AspectoCaja::De(texto, fondo, banco.caja.palette());
       EXPECT_GE(Contraste(aspecto.cursor, fondo), 3);
@@ -106,6 +106,7 @@ TEST(CajaPintura, caret_and_selection_are_seen_on_every_pair_of_colours) {
       EXPECT_EQ(foto.pixelColor(banco.Sitio(4) - QPoint(1, 0)), aspecto.cursor);
       EXPECT_EQ(foto.pixelColor(banco.Sitio(2) + QPoint(0, 7)), aspecto.fondo_elegido);
     }
+  }
 }
 
 TEST(CajaPintura, two_views_of_one_document_show_the_same_and_the_hidden_one_follows) {

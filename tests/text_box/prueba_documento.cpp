@@ -62,8 +62,9 @@ TEST(Documento, undoing_everything_gives_the_bytes_back_and_redoing_too) {
 }
 
 void Teclear(Documento& documento, Posicion pos, std::string_view texto) {
-  for (const char& letra : texto)
+  for (const char& letra : texto) {
     ASSERT_TRUE(documento.Reemplazar(pos++, 0, {&letra, 1}, Agrupacion::Escribir));
+  }
 }
 
 TEST(Documento, typing_is_undone_word_by_word) {
@@ -97,8 +98,9 @@ TEST(Documento, deletions_both_ways_are_one_step_however_many_they_are) {
   Documento documento;
   const std::string antes(5000, 'x');
   documento.Poner(antes);
-  for (Posicion pos = 4000; pos > 2500; --pos)
+  for (Posicion pos = 4000; pos > 2500; --pos) {
     ASSERT_TRUE(documento.Reemplazar(pos - 1, 1, "", Agrupacion::Borrar));
+  }
   for (int i = 0; i < 500; ++i) ASSERT_TRUE(documento.Reemplazar(2500, 1, "", Agrupacion::Borrar));
   EXPECT_EQ(documento.Tamano(), 3000);
   documento.Deshacer();
@@ -109,8 +111,9 @@ TEST(Documento, deletions_both_ways_are_one_step_however_many_they_are) {
 
 TEST(Documento, lines_of_a_big_piece_are_known_when_it_comes_back) {
   std::string antes;
-  for (int i = 0; std::ssize(antes) < 1'500'000; ++i)
+  for (int i = 0; std::ssize(antes) < 1'500'000; ++i) {
     antes += std::string(i * 37 % 90, 'x') + (i % 3 == 0 ? "\r\n" : i % 3 == 1 ? "\r" : "\n");
+  }
   Documento documento;
   documento.Poner(antes);
   const std::int64_t lineas = documento.LineasDelTexto().Total();

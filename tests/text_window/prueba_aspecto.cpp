@@ -52,9 +52,7 @@ TEST_F(LosAspectos, what_is_not_stored_or_no_number_takes_its_default) {
       {"[Fuente]\nNombre=Arial\nNegrita=Si\nCursiva=si\nSubrayada=Sinon\nTachada=",
        {{"Arial", 10, true, false, true, false}}},
   };
-  for (const auto& caso : casos) {
-    EXPECT_EQ(Leer(caso.ini), caso.esperado) << caso.ini.constData();
-  }
+  for (const auto& caso : casos) EXPECT_EQ(Leer(caso.ini), caso.esperado) << caso.ini.constData();
 }
 
 TEST_F(LosAspectos, values_are_written_as_blank_filled_fields_and_read_back_the_same) {

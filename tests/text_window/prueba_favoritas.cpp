@@ -227,9 +227,7 @@ TEST_F(LasFavoritas, every_line_fits_and_a_long_drive_is_shortened_in_its_middle
     EXPECT_LE(linea.fontMetrics().horizontalAdvance(linea.text()), linea.width());
     EXPECT_TRUE(Panel().Shape1->geometry().contains(linea.geometry()));
     QTextDocument ayuda(linea.toolTip());
-    if (Qt::mightBeRichText(linea.toolTip())) {
-      ayuda.setHtml(linea.toolTip());
-    }
+    if (Qt::mightBeRichText(linea.toolTip())) ayuda.setHtml(linea.toolTip());
     EXPECT_EQ(ayuda.toPlainText(), unidad == 1 ? "DISCO & CON NOMBRE LARGO" : QString());
   }
   EXPECT_TRUE(Panel().LblEstado[1]->text().startsWith("> Selec. unidad D"));

@@ -166,9 +166,7 @@ TEST_F(LasOpciones, a_colour_of_the_system_is_kept_until_another_is_chosen) {
     Panel().CmdFuente->click();  // cancelled, so that its start is known
     EleccionFuente eleccion = escritorio.aspecto.fuentes.back();
     EXPECT_EQ(eleccion.color, texto->palette().color(QPalette::Text));
-    if (QByteArray(guardado) == "16711680") {
-      eleccion.color = Qt::blue;
-    }
+    if (QByteArray(guardado) == "16711680") eleccion.color = Qt::blue;
     escritorio.aspecto.fuente = eleccion;
     Panel().CmdFuente->click();
     escritorio.aspecto.fuente.reset();
