@@ -37,17 +37,17 @@ void CajaTexto::dragMoveEvent(QDragMoveEvent* evento) {
   } else {
     evento->ignore();
   }
-  viewport()->update();
+  DibujarCambios();
 }
 
 void CajaTexto::dragLeaveEvent(QDragLeaveEvent* /*evento*/) {
   soltar_.reset();
-  viewport()->update();
+  DibujarCambios();
 }
 
 void CajaTexto::dropEvent(QDropEvent* evento) {
   soltar_.reset();
-  viewport()->update();
+  DibujarCambios();
   if (!AceptaTexto(*evento)) return evento->ignore();
   evento->acceptProposedAction();
   const Posicion pos = encuadre_.EnPunto(evento->position().toPoint()).pos;

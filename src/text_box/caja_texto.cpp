@@ -65,13 +65,15 @@ void CajaTexto::PonerSoloLectura(bool solo_lectura) {
 void CajaTexto::PonerFuente(const QFont& fuente) {
   fuente_ = fuente;
   encuadre_.PonerFuente(fuente);
+  retrato_.reset();
   cursor_.OlvidarColumna();
   Redibujar();
 }
 
 void CajaTexto::PonerColores(const QColor& texto, const QColor& fondo) {
   aspecto_ = AspectoCaja::De(texto, fondo, palette());
-  viewport()->update();
+  retrato_.reset();
+  DibujarCambios();
 }
 
 void CajaTexto::PonerCursor(Posicion cursor, Posicion ancla) {
@@ -131,7 +133,7 @@ void CajaTexto::Recargado() {
 void CajaTexto::Redibujar() {
   if (!isVisible()) return;
   ActualizarBarras();
-  viewport()->update();
+  DibujarCambios();
 }
 
 void CajaTexto::ActualizarBarras() {
@@ -167,6 +169,7 @@ void CajaTexto::scrollContentsBy(int /*dx*/, int /*dy*/) {}
 void CajaTexto::resizeEvent(QResizeEvent* evento) {
   QAbstractScrollArea::resizeEvent(evento);
   encuadre_.Medir(viewport()->size());
+  retrato_.reset();
   Redibujar();
 }
 
@@ -179,6 +182,7 @@ void CajaTexto::showEvent(QShowEvent* evento) {
 
 void CajaTexto::hideEvent(QHideEvent* evento) {
   QAbstractScrollArea::hideEvent(evento);
+  retrato_.reset();
   reloj_trabajo_.stop();
   gestos_.Soltar();
 }
@@ -189,18 +193,16 @@ void CajaTexto::timerEvent(QTimerEvent* evento) {
     Trabajar();
   } else if (reloj == reloj_parpadeo_.timerId()) {
     cursor_encendido_ = !cursor_encendido_;
-    viewport()->update(RectanguloCursor().adjusted(-1, 0, 1, 0));
+    DibujarCambios();
   } else {
     QAbstractScrollArea::timerEvent(evento);
   }
 }
 
 void CajaTexto::Trabajar() {
-  const Posicion arriba = encuadre_.Arriba();
   if (encuadre_.Avanzar(MilisegundosTrabajo)) reloj_trabajo_.stop();
   if (mostrar_cursor_) MostrarCursor();
-  ActualizarBarras();
-  if (encuadre_.Arriba() != arriba) viewport()->update();
+  Redibujar();
 }
 
 void CajaTexto::changeEvent(QEvent* evento) {

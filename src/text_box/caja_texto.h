@@ -18,6 +18,7 @@
 #include "text_box/encuadre.h"
 #include "text_box/gestos_raton.h"
 #include "text_box/pintor_texto.h"
+#include "text_box/retrato.h"
 #include "text_box/rueda_raton.h"
 #include "text_box/teclas.h"
 
@@ -103,7 +104,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
 
   // caja_texto.cpp
   void Conectar();
-  void Redibujar();  // bars, idle work, the whole viewport
+  void Redibujar();  // what has changed of bars and text, idle work
   void ActualizarBarras();
   void RodarX(std::int64_t x);
   void RodarFilas(std::int64_t filas);
@@ -118,7 +119,16 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   bool HaySeleccion() const { return cursor_.HaySeleccion(); }
 
   // caja_pintura.cpp
-  void PintarFilas(QPainter& pintor);
+  template <typename Hacer>
+  void CadaFila(Hacer hacer) const;  // in sight, from the top
+  void PintarFilas(QPainter& pintor, const QRegion& zona);
+  QRect Banda(int y, int rebase) const;
+  int Rebase(bool compone) const;
+  Posicion FilaCompuesta() const;
+  Retrato Retratar() const;
+  void DibujarCambios();
+  void DibujarCambios(const Retrato& nuevo);
+  bool CursorSeVe() const;
   void PintarCompuesta(QPainter& pintor, PintorTexto& filas, const PintorTexto::Fila& fila);
   void PintarCursor(QPainter& pintor, const QRect& sitio) const;
   QRect RectanguloCursor() const;
@@ -185,6 +195,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   AvisosAccesibles avisos_{*this, documento_};
   GestosRaton gestos_{documento_, encuadre_};
   RuedaRaton rueda_;
+  std::optional<Retrato> retrato_;  // of what is drawn; none: all is to be drawn
   std::optional<Posicion> soltar_;  // where dragged text would land
 
   QBasicTimer reloj_parpadeo_;

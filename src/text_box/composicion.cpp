@@ -3,6 +3,7 @@
 void Composicion::Poner(const QInputMethodEvent& evento, const QFont& fuente) {
   const QString& texto = evento.preeditString();
   maqueta_.reset();
+  ++numero_;
   if (texto.isEmpty()) return;
   cursor_ = static_cast<int>(texto.size());
   QList<QTextLayout::FormatRange> formatos;

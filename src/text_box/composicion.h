@@ -14,6 +14,8 @@ class Composicion {
   void Quitar() { maqueta_.reset(); }
   bool Vacia() const { return !maqueta_; }
 
+  int Numero() const { return numero_; }  // another one for each text
+
   // The rest is for one that is not empty. Pixels.
   qreal Ancho() const;
   void Pintar(QPainter& pintor, const QPointF& sitio) const;  // top left corner, current pen
@@ -22,4 +24,5 @@ class Composicion {
  private:
   std::unique_ptr<QTextLayout> maqueta_;
   int cursor_ = -1;
+  int numero_ = 0;
 };

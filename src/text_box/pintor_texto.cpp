@@ -13,61 +13,54 @@ PintorTexto::PintorTexto(QPainter& pintor, const Bytes& texto, const Encuadre& e
       aspecto_(aspecto) {}
 
 void PintorTexto::Pintar(const Fila& fila) {
-  const Posicion fin = encuadre_.Reparto().FinDe(fila.inicio);
-  Reunir(fila.inicio, fin);
-  const std::size_t desde = Indice(fila.elegido_desde);
-  const std::size_t hasta = Indice(fila.elegido_hasta);
-  if (fila.elegido_desde < fila.elegido_hasta) {
-    const Posicion siguiente = encuadre_.Reparto().Siguiente(fila.inicio);
-    const bool con_fin_de_linea =
-        siguiente > fin && fila.elegido_desde <= fin && fila.elegido_hasta > fin;
-    PintarEleccion(fila, desde, hasta, con_fin_de_linea);
-  }
-  PintarRango(0, desde, fila.y, aspecto_.texto);
-  PintarRango(desde, hasta, fila.y, aspecto_.texto_elegido);
-  PintarRango(hasta, bytes_.size(), fila.y, aspecto_.texto);
+  Reunir(fila.inicio);
+  const FilaRetratada retratada = Retratar(encuadre_, fila, vista_);
+  PintarEleccion(retratada, fila.y);
+  PintarRango(0, retratada.elegido_desde, fila.y, aspecto_.texto);
+  PintarRango(retratada.elegido_desde, retratada.elegido_hasta, fila.y, aspecto_.texto_elegido);
+  PintarRango(retratada.elegido_hasta, vista_.bytes.size(), fila.y, aspecto_.texto);
 }
 
-// Collects the bytes in sight with their x; every byte is at least a pixel wide.
-void PintorTexto::Reunir(Posicion inicio, Posicion fin) {
-  const Punto izquierda = (encuadre_.X() - Encuadre::Margen) * Pixel;
-  const auto corte =
-      encuadre_.Reparto().CorteEnX(inicio, std::max<Punto>(0, izquierda - tabla_.AnchoMayor()));
-  const Punto a_la_vista = izquierda + (encuadre_.Tamano().width() + Encuadre::Margen) * Pixel;
-  const Posicion cuantos =
-      std::clamp<Posicion>((a_la_vista - corte.x) / Pixel + 1, 0, fin - corte.pos);
-  primera_ = corte.pos;
-  bytes_.resize(static_cast<std::size_t>(cuantos));
-  texto_.Copiar(corte.pos, corte.pos + cuantos, bytes_.data());
+FilaRetratada PintorTexto::Retratar(const Encuadre& encuadre, const Fila& fila,
+                                    const ALaVista& vista) {
+  FilaRetratada retratada;
+  if (fila.elegido_desde < fila.elegido_hasta) {
+    const Posicion fin = encuadre.Reparto().FinDe(fila.inicio);
+    const Posicion siguiente = encuadre.Reparto().Siguiente(fila.inicio);
+    retratada.elegido_desde = vista.Indice(fila.elegido_desde);
+    retratada.elegido_hasta = vista.Indice(fila.elegido_hasta);
+    retratada.fin_elegido =
+        siguiente > fin && fila.elegido_desde <= fin && fila.elegido_hasta > fin;
+    const bool nada = retratada.elegido_desde == retratada.elegido_hasta && !retratada.fin_elegido;
+    if (nada) retratada.elegido_desde = retratada.elegido_hasta = 0;
+  }
+  if (!vista.bytes.empty() || retratada.fin_elegido) {
+    retratada.x = vista.x.front();
+    retratada.izquierda = vista.izquierda;
+  }
+  return retratada;
+}
+
+void PintorTexto::Reunir(Posicion inicio) {
+  vista_.Recoger(texto_, encuadre_, inicio);
   x_.clear();
   glifos_.clear();
   sitios_.clear();
-  const Avances& avances = tabla_.Anchos();
-  Punto x = corte.x;
-  for (const char caracter : bytes_) {
-    if (x > a_la_vista) break;
-    const auto byte = static_cast<unsigned char>(caracter);
-    x_.push_back(static_cast<qreal>(x - izquierda) / Pixel);
-    glifos_.push_back(tabla_.De(byte).glifo);
-    sitios_.emplace_back(x_.back(), 0);
-    x = byte == '\t' ? (x / avances.tabulador + 1) * avances.tabulador : x + avances.ancho[byte];
+  for (const char caracter : vista_.bytes) {
+    glifos_.push_back(tabla_.De(static_cast<unsigned char>(caracter)).glifo);
   }
-  bytes_.resize(glifos_.size());
-  x_.push_back(static_cast<qreal>(x - izquierda) / Pixel);
+  for (const Punto x : vista_.x) {
+    x_.push_back(static_cast<qreal>(x) / Pixel);
+    sitios_.emplace_back(x_.back(), 0);
+  }
 }
 
-std::size_t PintorTexto::Indice(Posicion pos) const {
-  return static_cast<std::size_t>(
-      std::clamp<Posicion>(pos - primera_, 0, static_cast<Posicion>(bytes_.size())));
-}
-
-void PintorTexto::PintarEleccion(const Fila& fila, std::size_t desde, std::size_t hasta,
-                                 bool fin_elegido) {
-  const qreal blanco =
-      fin_elegido ? qreal(tabla_.Anchos().ancho[' ']) / Pixel : 0;  // stands for the line end
-  pintor_.fillRect(
-      QRectF(QPointF(x_[desde], fila.y), QPointF(x_[hasta] + blanco, fila.y + tabla_.AltoFila())),
-      aspecto_.fondo_elegido);
+// A blank stands for the line end.
+void PintorTexto::PintarEleccion(const FilaRetratada& fila, int y) {
+  const qreal blanco = fila.fin_elegido ? qreal(tabla_.Anchos().ancho[' ']) / Pixel : 0;
+  const QPointF inicio(x_[fila.elegido_desde], y);
+  const QPointF fin(x_[fila.elegido_hasta] + blanco, y + tabla_.AltoFila());
+  pintor_.fillRect(QRectF(inicio, fin), aspecto_.fondo_elegido);
 }
 
 void PintorTexto::PintarRango(std::size_t desde, std::size_t hasta, int y, const QColor& color) {
@@ -75,7 +68,7 @@ void PintorTexto::PintarRango(std::size_t desde, std::size_t hasta, int y, const
   pintor_.setPen(color);
   const qreal base = y + tabla_.Base();
   const auto fuente_de = [&](std::size_t i) {
-    return tabla_.De(static_cast<unsigned char>(bytes_[i])).fuente;
+    return tabla_.De(static_cast<unsigned char>(vista_.bytes[i])).fuente;
   };
   for (std::size_t i = desde; i < hasta;) {
     const std::uint8_t fuente = fuente_de(i);
@@ -93,25 +86,27 @@ void PintorTexto::PintarRango(std::size_t desde, std::size_t hasta, int y, const
   PintarRayas(x_[desde], x_[hasta], base);
 }
 
-// A control character is a small hollow box, a tab is empty.
+// A control character is a small hollow box, a tab is empty. Its sides are filled: where a part of
+// a line is drawn, its pixels depend on the part.
 void PintorTexto::PintarMarcas(std::size_t desde, std::size_t hasta, int y) {
-  const qreal alto = tabla_.Base() / 2;
+  const int alto = qRound(tabla_.Base() / 2);
+  const int abajo = y + qRound(tabla_.Base());
+  const QColor color = pintor_.pen().color();
   for (std::size_t i = desde; i < hasta; ++i) {
-    if (bytes_[i] != '\t') {
-      pintor_.drawRect(QRectF(x_[i] + 1, y + tabla_.Base() - alto,
-                              std::max<qreal>(1, x_[i + 1] - x_[i] - 3), alto - 1));
-    }
+    if (vista_.bytes[i] == '\t') continue;
+    const QRect caja(QPoint(qRound(x_[i]) + 1, abajo - alto), QPoint(qRound(x_[i + 1]) - 2, abajo));
+    const QRect hueco = caja.adjusted(1, 1, -1, -1);
+    for (const QRect& lado : QRegion(caja) - hueco) pintor_.fillRect(lado, color);
   }
 }
 
 void PintorTexto::PintarRayas(qreal izquierda, qreal derecha, qreal base) {
-  if (!tabla_.Subrayada() && !tabla_.Tachada()) return;
-  QPen pluma(pintor_.pen().color());
-  pluma.setWidthF(tabla_.GrosorRaya());
-  pluma.setCapStyle(Qt::FlatCap);
-  pintor_.setPen(pluma);
+  const int grosor = std::max(1, qRound(tabla_.GrosorRaya()));
+  const QColor color = pintor_.pen().color();
   const auto raya = [&](qreal y) {
-    pintor_.drawLine(QLineF(qFloor(izquierda), y, qFloor(derecha), y));
+    pintor_.fillRect(QRect(QPoint(qFloor(izquierda), qRound(y - grosor / 2.0)),
+                           QPoint(qFloor(derecha) - 1, qRound(y - grosor / 2.0) + grosor - 1)),
+                     color);
   };
   if (tabla_.Subrayada()) raya(base + tabla_.Subrayado());
   if (tabla_.Tachada()) raya(base - tabla_.Tachado());

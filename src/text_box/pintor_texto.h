@@ -6,8 +6,10 @@
 #include <QPainter>
 #include <QPointF>
 
+#include "text_box/a_la_vista.h"
 #include "text_box/aspecto_caja.h"
 #include "text_box/encuadre.h"
+#include "text_box/retrato.h"
 
 class PintorTexto {
  public:
@@ -23,11 +25,12 @@ class PintorTexto {
     Posicion elegido_hasta = 0;
   };
   void Pintar(const Fila& fila);
+  // What its picture depends on; `vista` is what is in sight of it.
+  static FilaRetratada Retratar(const Encuadre& encuadre, const Fila& fila, const ALaVista& vista);
 
  private:
-  void Reunir(Posicion inicio, Posicion fin);
-  std::size_t Indice(Posicion pos) const;
-  void PintarEleccion(const Fila& fila, std::size_t desde, std::size_t hasta, bool fin_elegido);
+  void Reunir(Posicion inicio);
+  void PintarEleccion(const FilaRetratada& fila, int y);
   void PintarRango(std::size_t desde, std::size_t hasta, int y, const QColor& color);
   void PintarMarcas(std::size_t desde, std::size_t hasta, int y);
   void PintarRayas(qreal izquierda, qreal derecha, qreal base);
@@ -38,10 +41,9 @@ class PintorTexto {
   const TablaGlifos& tabla_;
   const AspectoCaja& aspecto_;
 
-  // The visible bytes of the row in hand: one more x than bytes.
-  Posicion primera_ = 0;
-  std::vector<char> bytes_;
-  std::vector<qreal> x_;
+  // The row in hand.
+  ALaVista vista_;
+  std::vector<qreal> x_;  // pixels, one more than bytes
   std::vector<quint32> glifos_;
   std::vector<QPointF> sitios_;
 };

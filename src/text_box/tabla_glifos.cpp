@@ -1,10 +1,13 @@
 #include "text_box/tabla_glifos.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QTextLayout>
+#include <QtEndian>
 #include <QtMath>
 
 namespace {
@@ -17,6 +20,20 @@ std::int32_t EnPuntos(qreal pixeles) {
 
 bool EsControl(char16_t caracter) {
   return caracter < 0x20 || (caracter >= 0x7f && caracter < 0xa0);
+}
+
+// How far any glyph of the font reaches above the base line and below it, in pixels: the box around
+// all of them that an OpenType font has in its table "head". Nothing where it has none.
+std::optional<std::pair<qreal, qreal>> Alcance(const QRawFont& fuente) {
+  constexpr qsizetype YMinima = 38;
+  constexpr qsizetype YMaxima = 42;
+  const QByteArray cabecera = fuente.fontTable("head");
+  if (cabecera.size() < YMaxima + 2 || fuente.unitsPerEm() <= 0) return std::nullopt;
+  const auto pixeles = [&](qsizetype donde) {
+    return qFromBigEndian<qint16>(cabecera.constData() + donde) * fuente.pixelSize() /
+           fuente.unitsPerEm();
+  };
+  return std::pair(pixeles(YMaxima), -pixeles(YMinima));
 }
 
 // The one line of `texto`, laid out as the toolkit's editor would.
@@ -56,6 +73,7 @@ TablaGlifos::TablaGlifos(const QFont& fuente, const Codificacion& codificacion) 
   }
   avances_.tabulador = BlancosPorTabulador * blanco;
   ancho_mayor_ = std::max(*std::ranges::max_element(avances_.ancho), avances_.tabulador);
+  MedirRebase();
 }
 
 void TablaGlifos::Medir(const QFont& fuente) {
@@ -90,4 +108,14 @@ std::uint8_t TablaGlifos::IndiceFuente(const QRawFont& cruda) {
   auto sitio = std::ranges::find(fuentes_, cruda);
   if (sitio == fuentes_.end()) sitio = fuentes_.insert(fuentes_.end(), cruda);
   return static_cast<std::uint8_t>(sitio - fuentes_.begin());
+}
+
+// One pixel more: hinting, and a bold or slanted face that the toolkit makes itself.
+void TablaGlifos::MedirRebase() {
+  qreal rebase = 0;
+  for (const QRawFont& fuente : fuentes_) {
+    const auto alcance = Alcance(fuente).value_or(std::pair<qreal, qreal>(alto_fila_, alto_fila_));
+    rebase = std::max({rebase, alcance.first - base_, alcance.second + base_ - alto_fila_});
+  }
+  rebase_ = qCeil(rebase) + 1;
 }

@@ -33,6 +33,9 @@ class TablaGlifos {
   int AltoFila() const { return alto_fila_; }
   qreal Base() const { return base_; }  // from the row's top to the base line
 
+  // Pixels by which letters may reach out of their row, above or below.
+  int Rebase() const { return rebase_; }
+
   bool Subrayada() const { return subrayada_; }
   bool Tachada() const { return tachada_; }
   qreal GrosorRaya() const { return grosor_raya_; }
@@ -43,6 +46,7 @@ class TablaGlifos {
   void Medir(const QFont& fuente);
   void Sustituir(unsigned char byte, char16_t caracter, const QFont& fuente);
   std::uint8_t IndiceFuente(const QRawFont& cruda);
+  void MedirRebase();
 
   std::array<Entrada, 256> entradas_{};
   std::vector<QRawFont> fuentes_;
@@ -50,6 +54,7 @@ class TablaGlifos {
   std::int32_t ancho_mayor_ = 0;
   int alto_fila_ = 1;
   qreal base_ = 0;
+  int rebase_ = 0;
   bool subrayada_ = false;
   bool tachada_ = false;
   qreal grosor_raya_ = 1;

@@ -16,6 +16,14 @@ const char* const Teclas[] = {"Left",      "Right",        "Up",         "Down",
 
 const char* const Fuentes[] = {"Liberation Mono", "Liberation Sans", "DejaVu Serif"};
 
+// What was drawn of the box's text, as it is sent to the screen.
+QImage Dibujado(const CajaTexto& caja) {
+  const auto* todo = dynamic_cast<const QImage*>(caja.backingStore()->paintDevice());
+  const qreal escala = caja.devicePixelRatioF();
+  const QRect zona = caja.viewport()->geometry();
+  return todo->copy(QRectF(zona.topLeft() * escala, zona.size() * escala).toAlignedRect());
+}
+
 }  // namespace
 
 AzarVista::AzarVista(unsigned semilla)
@@ -48,6 +56,15 @@ std::string AzarVista::Paso() {
   cambios_.clear();
   Actuar();
   Reposar(caja);
+  tapadera_.hide();
+  QApplication::processEvents();
+  const QImage dibujado = Dibujado(caja);
+  caja.viewport()->repaint();
+  if (const QImage entera = Dibujado(caja); dibujado != entera) {
+    dibujado.save(QDir::temp().filePath(QStringLiteral("azar_vista_dibujado.png")));
+    entera.save(QDir::temp().filePath(QStringLiteral("azar_vista_entera.png")));
+    return accion_ + ": the screen was not brought up to date";
+  }
   if (seguido && !CambioALaVista(cursor)) return accion_ + ": what changed is out of sight";
   return Comparar();
 }
@@ -75,8 +92,11 @@ bool AzarVista::CambioALaVista(Posicion cursor) const {
 
 void AzarVista::Actuar() {
   const int suerte = Hasta(100);
-  if (suerte < 65) {
+  if (suerte >= 90) Tapar();
+  if (suerte < 60) {
     Teclear();
+  } else if (suerte < 65) {
+    Rodar();
   } else if (suerte < 80) {
     Raton();
   } else {
@@ -108,6 +128,26 @@ void AzarVista::Raton() {
   banco_.Raton(QEvent::MouseButtonRelease, punto());
 }
 
+// Something lies above the text, or a part of it has to be drawn for another's sake.
+void AzarVista::Tapar() {
+  QWidget& zona = *banco_.caja.viewport();
+  const QRect parte(Hasta(zona.width()), Hasta(zona.height()), 1 + Hasta(200), 1 + Hasta(100));
+  if (Hasta(2)) return zona.update(parte);
+  tapadera_.setGeometry(parte.translated(zona.pos()));
+  tapadera_.show();
+  tapadera_.raise();
+  if (Hasta(2)) QApplication::processEvents();
+}
+
+void AzarVista::Rodar() {
+  accion_ = "wheel";
+  const QPointF punto(5, 5);
+  const QPoint vueltas(0, (Hasta(7) - 3) * 120);
+  QWheelEvent evento(punto, banco_.caja.viewport()->mapToGlobal(punto), {}, vueltas, Qt::NoButton,
+                     Hasta(4) ? Qt::NoModifier : Qt::ShiftModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(banco_.caja.viewport(), &evento);
+}
+
 void AzarVista::Cambiar() {
   CajaTexto& caja = banco_.caja;
   const int tamano = int(banco_.documento.Tamano());
@@ -119,6 +159,8 @@ void AzarVista::Cambiar() {
       accion_ = "font";
       QFont fuente(QString::fromLatin1(Fuentes[Hasta(3)]), 7 + Hasta(8));
       fuente.setUnderline(Hasta(4) == 0);
+      fuente.setItalic(Hasta(3) == 0);
+      fuente.setBold(Hasta(4) == 0);
       return caja.PonerFuente(fuente);
     }
     case 2:

@@ -1,13 +1,15 @@
 // Random actions on a text box, checked after each against a fresh box in the same state; and what
-// is changed at the caret stays in sight.
+// is changed at the caret stays in sight. What was drawn of it is what would be, if all were.
 #pragma once
 
 #include <memory>
 #include <random>
 #include <string>
 
+#include <QBackingStore>
 #include <QDir>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include "text_box/banco_caja.h"
 
@@ -27,6 +29,8 @@ class AzarVista : private Observador {
   void Actuar();
   void Teclear();
   void Raton();
+  void Rodar();
+  void Tapar();
   void Cambiar();
   void CambiarDesdeFuera();
   void Componer();
@@ -40,6 +44,7 @@ class AzarVista : private Observador {
 
   std::mt19937 azar_;
   BancoCaja banco_;
+  QWidget tapadera_{&banco_.caja};
   std::string inicial_;
   std::string accion_;
   std::vector<Cambio> cambios_;  // of this step
