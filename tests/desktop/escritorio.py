@@ -56,10 +56,10 @@ def esperar_valor(que, leer, esperado, plazo=PLAZO):
 
 
 class Escritorio:
-    def __init__(self, binarios, gestor="openbox", usuario=None):
+    def __init__(self, binarios, gestor="openbox", usuario=None, pantalla="1280x1024"):
         """`gestor` is one of GESTORES, None for a screen without one. With `usuario`, a user's
         number, all but the journey runs without root's rights."""
-        self.gestor = gestor
+        self.gestor, self.pantalla = gestor, pantalla
         self.como = [] if usuario is None else [
             "setpriv", f"--reuid={usuario}", f"--regid={usuario}", "--clear-groups"]
         self.procesos = []
@@ -100,7 +100,8 @@ class Escritorio:
             PATH=f"{self.raiz}/ordenes:{os.environ['PATH']}", LC_ALL="C", LANG="C",
             QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         pantalla = self._arrancar_y_leer(
-            "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-noreset", "-nolisten", "tcp")
+            "Xvfb", "-displayfd", "1", "-screen", "0", f"{self.pantalla}x24", "-noreset",
+            "-nolisten", "tcp")
         os.environ["DISPLAY"] = ":" + pantalla
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._arrancar_y_leer(
             "dbus-daemon", "--session", "--nofork", "--print-address=1")
