@@ -12,17 +12,17 @@ void CajaTexto::ArrastrarTexto() {
   auto* arrastre = new QDrag(this);
   const QPointer<CajaTexto> caja(this);  // its window may be closed meanwhile
   arrastre->setParent(qApp);             // the drag goes on then
-  arrastre->setMimeData(DatosElegidos());
-  const Qt::DropActions acciones = solo_lectura_ ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction;
+  arrastre->setMimeData(edicion_.DatosElegidos());
+  const Qt::DropActions acciones = SoloLectura() ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction;
   const Qt::DropAction hecha =
-      arrastre->exec(acciones, solo_lectura_ ? Qt::CopyAction : Qt::MoveAction);
+      arrastre->exec(acciones, SoloLectura() ? Qt::CopyAction : Qt::MoveAction);
   if (!caja) return;
   const bool aqui = arrastre->target() == this || arrastre->target() == viewport();
-  if (hecha == Qt::MoveAction && !aqui) Eliminar();
+  if (hecha == Qt::MoveAction && !aqui) edicion_.Eliminar();
 }
 
 bool CajaTexto::AceptaTexto(const QDropEvent& evento) const {
-  return !solo_lectura_ && TraeTexto(evento.mimeData());
+  return !SoloLectura() && TraeTexto(evento.mimeData());
 }
 
 void CajaTexto::dragEnterEvent(QDragEnterEvent* evento) {
@@ -52,26 +52,7 @@ void CajaTexto::dropEvent(QDropEvent* evento) {
   evento->acceptProposedAction();
   const Posicion pos = encuadre_.EnPunto(evento->position().toPoint()).pos;
   const bool propio = evento->source() == this || evento->source() == viewport();
-  if (propio && evento->dropAction() == Qt::MoveAction) return MoverElegido(pos);
-  if (Cambiar(pos, pos, Recibir(*evento->mimeData()), Agrupacion::Sola)) {
-    PonerCursor(cursor_.Pos(), pos);
-  }
+  if (propio && evento->dropAction() == Qt::MoveAction) return edicion_.MoverElegido(pos);
+  edicion_.Soltar(*evento->mimeData(), pos);
   setFocus(Qt::MouseFocusReason);
-}
-
-// One replacement, so one step of undo: the selection and what lies between it and `pos` change
-// places.
-void CajaTexto::MoverElegido(Posicion pos) {
-  const Posicion desde = Desde();
-  const Posicion hasta = Hasta();
-  if (pos >= desde && pos <= hasta) return;
-  const bool atras = pos < desde;
-  const Extracto elegido = documento_.Extraer(desde, hasta);
-  const Extracto paso = atras ? documento_.Extraer(pos, desde) : documento_.Extraer(hasta, pos);
-  const Posicion inicio = std::min(pos, desde);
-  const Posicion llegada = atras ? pos : inicio + paso.tamano;
-  if (Cambiar(inicio, std::max(pos, hasta), atras ? Juntar(elegido, paso) : Juntar(paso, elegido),
-              Agrupacion::Sola)) {
-    PonerCursor(llegada + elegido.tamano, llegada);
-  }
 }

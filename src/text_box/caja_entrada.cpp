@@ -10,7 +10,7 @@ constexpr Posicion Alrededor = 512;  // bytes told to an input method on each si
 
 void CajaTexto::inputMethodEvent(QInputMethodEvent* evento) {
   evento->accept();
-  if (solo_lectura_) return;
+  if (SoloLectura()) return;
   const bool confirma = !evento->commitString().isEmpty() || evento->replacementLength() > 0;
   if (confirma && Avisar(Aviso::Caracter)) Confirmar(*evento);
   composicion_.Poner(*evento, fuente_);
@@ -22,15 +22,15 @@ void CajaTexto::Confirmar(const QInputMethodEvent& evento) {
   if (evento.replacementLength() <= 0) return Escribir(bytes);
   const Posicion desde = TrasCaracteres(documento_, Cursor(), evento.replacementStart());
   const Posicion hasta = TrasCaracteres(documento_, desde, evento.replacementLength());
-  Cambiar(desde, hasta, bytes, Agrupacion::Escribir);
+  edicion_.Escribir({desde, hasta}, bytes);
 }
 
 QVariant CajaTexto::inputMethodQuery(Qt::InputMethodQuery pregunta) const {
   switch (pregunta) {
     case Qt::ImEnabled:
-      return !solo_lectura_;
+      return !SoloLectura();
     case Qt::ImReadOnly:
-      return solo_lectura_;
+      return SoloLectura();
     case Qt::ImCursorRectangle:
       return RectanguloCursor().translated(viewport()->pos());
     case Qt::ImAnchorRectangle:

@@ -16,24 +16,23 @@ void CajaTexto::contextMenuEvent(QContextMenuEvent* evento) {
 }
 
 void CajaTexto::MostrarMenu(const QPoint& global) {
-  const bool edita = !solo_lectura_;
-  const bool elegido = HaySeleccion();
+  const bool edita = !SoloLectura();
+  const bool elegido = cursor_.HaySeleccion();
   struct Opcion {
     const char* texto;  // nothing: a separator
     bool activa;
-    void (CajaTexto::*orden)();
+    Orden orden;
   };
   const auto opciones = std::to_array<Opcion>({
-      {"&Deshacer\tCtrl+Z", edita && documento_.PuedeDeshacer(), &CajaTexto::Deshacer},
-      {"&Rehacer\tCtrl+Y", edita && documento_.PuedeRehacer(), &CajaTexto::Rehacer},
-      {nullptr, false, nullptr},
-      {"Cor&tar\tCtrl+X", edita && elegido, &CajaTexto::Cortar},
-      {"&Copiar\tCtrl+C", elegido, &CajaTexto::Copiar},
-      {"&Pegar\tCtrl+V", edita && TraeTexto(QApplication::clipboard()->mimeData()),
-       &CajaTexto::Pegar},
-      {"&Eliminar\tSupr", edita && elegido, &CajaTexto::Eliminar},
-      {nullptr, false, nullptr},
-      {"&Seleccionar todo\tCtrl+A", documento_.Tamano() > 0, &CajaTexto::ElegirTodo},
+      {"&Deshacer\tCtrl+Z", edita && documento_.PuedeDeshacer(), Orden::Deshacer},
+      {"&Rehacer\tCtrl+Y", edita && documento_.PuedeRehacer(), Orden::Rehacer},
+      {nullptr, false, Orden::Ninguna},
+      {"Cor&tar\tCtrl+X", edita && elegido, Orden::Cortar},
+      {"&Copiar\tCtrl+C", elegido, Orden::Copiar},
+      {"&Pegar\tCtrl+V", edita && TraeTexto(QApplication::clipboard()->mimeData()), Orden::Pegar},
+      {"&Eliminar\tSupr", edita && elegido, Orden::Eliminar},
+      {nullptr, false, Orden::Ninguna},
+      {"&Seleccionar todo\tCtrl+A", documento_.Tamano() > 0, Orden::ElegirTodo},
   });
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -44,7 +43,7 @@ void CajaTexto::MostrarMenu(const QPoint& global) {
     }
     QAction* accion = menu->addAction(QString::fromUtf8(opcion.texto));
     accion->setEnabled(opcion.activa);
-    connect(accion, &QAction::triggered, this, [this, orden = opcion.orden] { (this->*orden)(); });
+    connect(accion, &QAction::triggered, this, [this, orden = opcion.orden] { Mandar(orden); });
   }
   menu->popup(global);
 }

@@ -1,12 +1,9 @@
 // The mouse in a box. Nothing done with it is announced as a key.
-#include <QApplication>
-#include <QClipboard>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
 
 #include "text_box/caja_texto.h"
-#include "text_box/texto_externo.h"
 
 void CajaTexto::Elegir(const std::optional<GestosRaton::Eleccion>& eleccion) {
   if (!eleccion) return;
@@ -16,7 +13,7 @@ void CajaTexto::Elegir(const std::optional<GestosRaton::Eleccion>& eleccion) {
 
 void CajaTexto::mousePressEvent(QMouseEvent* evento) {
   const QPoint punto = evento->position().toPoint();
-  if (evento->button() == Qt::MiddleButton) return PegarPrimaria(punto);
+  if (evento->button() == Qt::MiddleButton) return edicion_.PegarPrimaria(encuadre_.EnPunto(punto));
   if (evento->button() != Qt::LeftButton) return;
   const auto eleccion =
       gestos_.Pulsar(punto, cursor_.Elegido(), evento->modifiers() & Qt::ShiftModifier);
@@ -47,9 +44,10 @@ void CajaTexto::mouseReleaseEvent(QMouseEvent* evento) {
   const GestosRaton::Gesto gesto = gestos_.Soltar();
   if (gesto == GestosRaton::Gesto::QuizaArrastrar) {
     documento_.CerrarGrupo();
-    Llevar(encuadre_.EnPunto(evento->position().toPoint()), Seleccion::Quitar);
+    cursor_.Llevar(encuadre_.EnPunto(evento->position().toPoint()), Seleccion::Quitar);
+    CursorMovido();
   } else if (gesto == GestosRaton::Gesto::Elegir) {
-    OfrecerSeleccion();
+    edicion_.Ofrecer();
   }
 }
 
@@ -57,18 +55,6 @@ void CajaTexto::mouseDoubleClickEvent(QMouseEvent* evento) {
   if (evento->button() != Qt::LeftButton) return mousePressEvent(evento);
   documento_.CerrarGrupo();
   Elegir(gestos_.PulsarDoble(evento->position().toPoint()));
-}
-
-void CajaTexto::PegarPrimaria(const QPoint& punto) {
-  const QClipboard* portapapeles = QApplication::clipboard();
-  if (solo_lectura_ || !portapapeles->supportsSelection()) return;
-  const QMimeData* datos = portapapeles->mimeData(QClipboard::Selection);
-  if (!datos) return;
-  // Taken before the caret moves: it may be this box's own selection.
-  std::optional<Extracto> nuevo = Recibir(*datos);
-  documento_.CerrarGrupo();
-  Llevar(encuadre_.EnPunto(punto), Seleccion::Quitar);
-  Cambiar(Cursor(), Cursor(), std::move(nuevo), Agrupacion::Sola);
 }
 
 void CajaTexto::wheelEvent(QWheelEvent* evento) {

@@ -18,7 +18,7 @@ bool CajaTexto::event(QEvent* evento) {
 
 // Tab is text here; Shift+Tab leaves the box.
 bool CajaTexto::focusNextPrevChild(bool siguiente) {
-  if (siguiente && !solo_lectura_) return false;
+  if (siguiente && !SoloLectura()) return false;
   return QAbstractScrollArea::focusNextPrevChild(siguiente);
 }
 
@@ -33,7 +33,7 @@ void CajaTexto::keyPressEvent(QKeyEvent* evento) {
 }
 
 bool CajaTexto::Avisar(Aviso aviso) {
-  if (!oyente_ || solo_lectura_) return true;
+  if (!oyente_ || SoloLectura()) return true;
   if (aviso == Aviso::Suprimir) oyente_->TeclaSuprimir();
   return aviso != Aviso::Caracter || oyente_->TeclaCaracter();
 }
@@ -48,13 +48,13 @@ void CajaTexto::Editar(Orden orden, const QString& texto) {
     case Orden::Tabulador:
       return Escribir("\t");
     case Orden::Retroceso:
-      return Borrar(PasoIzquierda(documento_, pos), pos);
+      return edicion_.Borrar({PasoIzquierda(documento_, pos), pos});
     case Orden::RetrocesoPalabra:
-      return Borrar(PalabraIzquierda(documento_, pos), pos);
+      return edicion_.Borrar({PalabraIzquierda(documento_, pos), pos});
     case Orden::Suprimir:
-      return Borrar(pos, PasoDerecha(documento_, pos));
+      return edicion_.Borrar({pos, PasoDerecha(documento_, pos)});
     case Orden::SuprimirPalabra:
-      return Borrar(pos, PalabraDerecha(documento_, pos));
+      return edicion_.Borrar({pos, PalabraDerecha(documento_, pos)});
     default:
       return Mandar(orden);
   }
@@ -63,15 +63,17 @@ void CajaTexto::Editar(Orden orden, const QString& texto) {
 void CajaTexto::Mandar(Orden orden) {
   switch (orden) {
     case Orden::Cortar:
-      return Cortar();
+      return edicion_.Cortar();
     case Orden::Copiar:
-      return Copiar();
+      return edicion_.Copiar();
     case Orden::Pegar:
-      return Pegar();
+      return edicion_.Pegar();
     case Orden::Deshacer:
-      return Deshacer();
+      return edicion_.Deshacer();
     case Orden::Rehacer:
-      return Rehacer();
+      return edicion_.Rehacer();
+    case Orden::Eliminar:
+      return edicion_.Eliminar();
     case Orden::ElegirTodo:
       return ElegirTodo();
     case Orden::RodarArriba:
@@ -86,14 +88,24 @@ void CajaTexto::Mandar(Orden orden) {
 }
 
 void CajaTexto::Escribir(const QByteArray& bytes) {
-  Cambiar(Desde(), Hasta(), bytes, Agrupacion::Escribir);
+  edicion_.Escribir(cursor_.Elegido(), bytes);
+}
+
+// Everything is selected where the user is: no scrolling to the end.
+void CajaTexto::ElegirTodo() {
+  const Posicion arriba = encuadre_.Arriba();
+  const std::int64_t x = encuadre_.X();
+  PonerCursor(documento_.Tamano(), 0);
+  encuadre_.PonerArriba(arriba);
+  RodarX(x);
+  edicion_.Ofrecer();
 }
 
 bool CajaTexto::Mover(const Tecla& tecla) {
   if (!MoverPagina(tecla) && !cursor_.Mover(tecla)) return false;
   CursorMovido();
   documento_.CerrarGrupo();
-  if (tecla.extender) OfrecerSeleccion();
+  if (tecla.extender) edicion_.Ofrecer();
   return true;
 }
 

@@ -58,7 +58,7 @@ void CajaTexto::PonerOyente(OyenteTeclas* oyente) {
 }
 
 void CajaTexto::PonerSoloLectura(bool solo_lectura) {
-  solo_lectura_ = solo_lectura;
+  edicion_.PonerSoloLectura(solo_lectura);
   setAttribute(Qt::WA_InputMethodEnabled, !solo_lectura);
 }
 
@@ -82,6 +82,14 @@ void CajaTexto::PonerCursor(Posicion cursor, Posicion ancla) {
   CursorMovido();
 }
 
+void CajaTexto::Insertar(const QString& texto) {
+  edicion_.Poner(cursor_.Elegido(), texto);
+}
+
+void CajaTexto::CambiarRango(Posicion desde, Posicion hasta, const QString& texto) {
+  edicion_.Poner({desde, hasta}, texto);
+}
+
 Posicion CajaTexto::Arriba() const {
   return encuadre_.Arriba();
 }
@@ -90,11 +98,6 @@ void CajaTexto::PonerArriba(Posicion pos) {
   mostrar_cursor_ = false;
   encuadre_.PonerArriba(pos);
   Redibujar();
-}
-
-void CajaTexto::Llevar(const Lugar& lugar, Seleccion seleccion) {
-  cursor_.Llevar(lugar, seleccion);
-  CursorMovido();
 }
 
 void CajaTexto::CursorMovido() {
@@ -116,6 +119,14 @@ void CajaTexto::Reemplazado(const Cambio& cambio) {
   cursor_.Reemplazado(cambio);
   Redibujar();
   avisos_.Cambiado(cambio);
+}
+
+void CajaTexto::PorQuitar(const Rango& rango) {
+  avisos_.PorQuitar(rango.desde, rango.hasta);
+}
+
+void CajaTexto::FaltaMemoria() {
+  if (oyente_) oyente_->FaltaMemoria();
 }
 
 void CajaTexto::Recargado() {

@@ -15,14 +15,13 @@
 #include "text_box/composicion.h"
 #include "text_box/cursor_texto.h"
 #include "text_box/documento.h"
+#include "text_box/edicion_texto.h"
 #include "text_box/encuadre.h"
 #include "text_box/gestos_raton.h"
 #include "text_box/pintor_texto.h"
 #include "text_box/retrato.h"
 #include "text_box/rueda_raton.h"
 #include "text_box/teclas.h"
-
-class QMimeData;
 
 // Who is told of the keys typed in a text box, before they act, and of changes that failed.
 class OyenteTeclas {
@@ -37,7 +36,7 @@ class OyenteTeclas {
   virtual void FaltaMemoria() = 0;
 };
 
-class CajaTexto : public QAbstractScrollArea, private Observador {
+class CajaTexto : public QAbstractScrollArea, private Observador, private OyenteEdicion {
   Q_OBJECT
 
  public:
@@ -49,7 +48,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
 
   void PonerOyente(OyenteTeclas* oyente);
   void PonerSoloLectura(bool solo_lectura);  // then no key is announced
-  bool SoloLectura() const { return solo_lectura_; }
+  bool SoloLectura() const { return edicion_.SoloLectura(); }
 
   void PonerFuente(const QFont& fuente);  // size in points; underline and strike-out are drawn
   const QFont& Fuente() const { return fuente_; }
@@ -101,6 +100,9 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
  private:
   void Reemplazado(const Cambio& cambio) override;
   void Recargado() override;
+  void PorQuitar(const Rango& rango) override;
+  void CursorMovido() override;
+  void FaltaMemoria() override;
 
   // caja_texto.cpp
   void Conectar();
@@ -108,15 +110,12 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   void ActualizarBarras();
   void RodarX(std::int64_t x);
   void RodarFilas(std::int64_t filas);
-  void Llevar(const Lugar& lugar, Seleccion seleccion);  // the caret, and shows it
-  void CursorMovido();
   // Its first picture asks for neither rows nor font: every start shows it.
   bool Vacia() const { return documento_.Tamano() == 0; }
   void MostrarCursor();
   void Trabajar();  // on what is not known yet of the rows
   Posicion Desde() const { return cursor_.Elegido().desde; }
   Posicion Hasta() const { return cursor_.Elegido().hasta; }
-  bool HaySeleccion() const { return cursor_.HaySeleccion(); }
 
   // caja_pintura.cpp
   template <typename Hacer>
@@ -134,33 +133,12 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   QRect RectanguloCursor() const;
   void ReiniciarParpadeo();
 
-  // caja_edicion.cpp
-  bool Cambiar(Posicion desde, Posicion hasta, const QByteArray& bytes, Agrupacion agrupacion);
-  bool Cambiar(Posicion desde, Posicion hasta, std::optional<Extracto> nuevo,
-               Agrupacion agrupacion);
-  std::optional<Extracto> Guardar(const QByteArray& bytes);
-  std::optional<Extracto> Recibir(const QMimeData& datos);
-  std::optional<Extracto> Recibir(const QString& texto);
-  template <typename Traer>
-  std::optional<Extracto> SiCabe(Traer traer);
-  void Borrar(Posicion desde, Posicion hasta);
-  void Deshacer();
-  void Rehacer();
-  void IrA(const Cambio& cambio);
-  void Cortar();
-  void Copiar();
-  void Pegar();
-  void PegarDatos(const QMimeData* datos);
-  void Eliminar();
-  void ElegirTodo();
-  QMimeData* DatosElegidos() const;
-  void OfrecerSeleccion();  // to the primary selection, where there is one
-
   // caja_teclas.cpp
   bool Avisar(Aviso aviso);
   void Editar(Orden orden, const QString& texto);
   void Mandar(Orden orden);
   void Escribir(const QByteArray& bytes);
+  void ElegirTodo();
   bool Mover(const Tecla& tecla);
   bool MoverPagina(const Tecla& tecla);
 
@@ -174,21 +152,19 @@ class CajaTexto : public QAbstractScrollArea, private Observador {
   // caja_raton.cpp and caja_arrastre.cpp
   void Elegir(const std::optional<GestosRaton::Eleccion>& eleccion);
   void RodarAlArrastrar();
-  void PegarPrimaria(const QPoint& punto);
   void ArrastrarTexto();
   bool AceptaTexto(const QDropEvent& evento) const;
-  void MoverElegido(Posicion pos);
 
   Documento& documento_;
   Encuadre encuadre_;
   OyenteTeclas* oyente_ = nullptr;
-  bool solo_lectura_ = false;
   QFont fuente_;
   AspectoCaja aspecto_;
   BarraLarga vertical_;
   BarraLarga horizontal_;
 
   CursorTexto cursor_{documento_, encuadre_};
+  EdicionTexto edicion_{documento_, cursor_, *this};
   bool mostrar_cursor_ = false;    // to be scrolled to when the box is shown, or the row known
   bool cursor_encendido_ = false;  // the lit half of its blinking
   Composicion composicion_;

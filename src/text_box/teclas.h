@@ -16,6 +16,7 @@ enum class Orden {
   Cortar,
   Copiar,
   Pegar,
+  Eliminar,  // what is selected; from the menu
   Deshacer,
   Rehacer,
   ElegirTodo,
