@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <QApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QWindow>
 
@@ -44,10 +45,19 @@ bool EsTecla(QObject* objeto, QEvent* evento) {
           !static_cast<QInputMethodEvent*>(evento)->commitString().isEmpty());
 }
 
+// An accent is composed only where a control says, when it is asked, that it takes such texts.
+bool EsComposicion(const QEvent& evento) {
+  return evento.type() == QEvent::InputMethod || evento.type() == QEvent::InputMethodQuery;
+}
+
 // A modal window stands before it: the desktop may activate it all the same.
 bool Bloqueada(const Ventana& ventana) {
   const QWidget* modal = QApplication::activeModalWidget();
   return modal != nullptr && modal != &ventana;
+}
+
+bool PuedeTenerTeclado(const Ventana* ventana) {
+  return ventana != nullptr && ventana->isVisible() && !ventana->isMinimized();
 }
 
 void Anotar(std::vector<QPointer<Ventana>>& lista, Ventana& ventana) {
@@ -146,15 +156,14 @@ bool Activacion::eventFilter(QObject* objeto, QEvent* evento) {
   gestor_.AnotarHora(*evento);
   const bool activada = evento->type() == QEvent::WindowActivate;
   const bool tecla = EsTecla(objeto, evento);
-  if (!activada && !tecla && !EsPulsacion(objeto, evento)) return false;
+  const bool teclado = tecla || EsComposicion(*evento);
+  const bool del_usuario = tecla || EsPulsacion(objeto, evento);
+  if (!activada && !teclado && !del_usuario) return false;
   Ventana* ventana = VentanaDe(objeto);
   if (ventana == nullptr || dialogos_ > 0 || Bloqueada(*ventana)) return false;
-  if (tecla) return PorTecla(*ventana, *evento);
-  if (!activada) {
-    PorUsuario(*ventana);
-  } else if (objeto == ventana) {
-    PorEscritorio(*ventana);
-  }
+  if (teclado && Reenviar(*ventana, *evento)) return true;
+  if (activada && objeto == ventana) PorEscritorio(*ventana);
+  if (del_usuario) PorUsuario(*ventana);
   return false;
 }
 
@@ -165,15 +174,13 @@ void Activacion::PorUsuario(Ventana& ventana) {
   Mover(ventana);
 }
 
-// Typed while the keyboard is still on its way: for the window that it is on the way to.
-bool Activacion::PorTecla(Ventana& ventana, QEvent& evento) {
+// Typed while the keyboard is still on its way, or was refused: for the window that is to have it.
+bool Activacion::Reenviar(Ventana& ventana, QEvent& evento) {
   Ventana* activa = Activa();
-  if (activa == nullptr || activa == &ventana || peticiones_.Vacias()) {
-    PorUsuario(ventana);
-    return false;
-  }
+  const bool en_camino = !peticiones_.Vacias() || QApplication::activeWindow() == activa;
+  if (activa == &ventana || !en_camino || !PuedeTenerTeclado(activa)) return false;
   QObject* destino = activa->windowHandle();
-  if (evento.type() == QEvent::InputMethod) destino = activa->focusWidget();
+  if (EsComposicion(evento)) destino = activa->focusWidget();
   if (destino != nullptr) QCoreApplication::sendEvent(destino, &evento);
   return true;
 }
@@ -191,8 +198,6 @@ void Activacion::PorEscritorio(Ventana& ventana) {
       Mover(ventana);
       break;
     case PeticionesFoco::Respuesta::Conforme:
-      ultima_ = Ultima::Concedida;
-      break;
     case PeticionesFoco::Respuesta::Esperar:
       break;
   }
@@ -207,18 +212,22 @@ void Activacion::DevolverAlModal(WId ventana) {
   }
 }
 
-// Nothing is under way any more. A request that came while the desktop was still busy with another
-// can have been lost: it is made once more. Then where the keyboard really is counts.
+// No answer. The request can have been lost while the desktop was busy with another: it is made
+// once more. Or it was refused: the program passes the keyboard on, until the user moves it.
 void Activacion::Sosegar() {
   peticiones_.Vaciar();
   auto* real = qobject_cast<Ventana*>(QApplication::activeWindow());
   if (real == nullptr || real == Activa() || dialogos_ > 0 || Bloqueada(*real)) return;
-  if (ultima_ == Ultima::Pedida) {
+  if (PuedeTenerTeclado(Activa())) {
     PedirFoco();
-    ultima_ = Ultima::Insistida;
-  } else {
-    Mover(*real);
+    Entregar(*Activa());
   }
+}
+
+// As the toolkit does when the desktop has done it.
+void Activacion::Entregar(Ventana& ventana) {
+  QApplication::setActiveWindow(&ventana);
+  if (QWidget* control = ventana.focusWidget()) control->setFocus();
 }
 
 void Activacion::Mover(Ventana& ventana) {
@@ -268,12 +277,15 @@ void Activacion::ElevarTocadas() {
 
 void Activacion::PedirFoco() {
   Ventana* activa = Activa();
-  if (activa == nullptr || !activa->isVisible() || activa->isMinimized()) return;
-  if (activa->isActiveWindow() && peticiones_.Vacias()) return;
+  if (!PuedeTenerTeclado(activa)) return;
+  if (activa->isActiveWindow() && peticiones_.Vacias()) {
+    Entregar(*activa);  // the program may have passed it on
+    return;
+  }
   activa->raise();
   Anotar(elevadas_, *activa);
   peticiones_.Pedir(*activa);
-  ultima_ = Ultima::Pedida;
   paciencia_.start();
   if (!gestor_.Activar(*activa->windowHandle())) activa->activateWindow();
+  QGuiApplication::inputMethod()->update(Qt::ImEnabled);
 }

@@ -79,23 +79,21 @@ class Activacion : public QObject {
  private:
   void PorUsuario(Ventana& ventana);
   void PorEscritorio(Ventana& ventana);
-  bool PorTecla(Ventana& ventana, QEvent& evento);
+  bool Reenviar(Ventana& ventana, QEvent& evento);
   void Mover(Ventana& ventana);
   void MapearPendientes();
   void Asentar();
   void ElevarTocadas();
   void PedirFoco();
+  static void Entregar(Ventana& ventana);
   void Prever(Ventana& ventana);
   void DevolverAlModal(WId ventana);
   void Sosegar();
 
-  enum class Ultima { Concedida, Pedida, Insistida };
-
   GestorVentanas gestor_;
-  FocoPropio foco_;                    // where the focus is, as the program sees it
-  PeticionesFoco peticiones_;          // what the desktop has still to do about it
-  Ultima ultima_ = Ultima::Concedida;  // what became of the last request
-  QTimer paciencia_;                   // then it has refused
+  FocoPropio foco_;            // where the focus is, as the program sees it
+  PeticionesFoco peticiones_;  // what the desktop has still to do about it
+  QTimer paciencia_;           // when it ends they were lost or refused
   std::vector<QPointer<Ventana>> por_mapear_;
   std::vector<QPointer<Ventana>> tocadas_;   // given the focus during this handler
   std::vector<QPointer<Ventana>> elevadas_;  // raised since the user came to the program

@@ -34,6 +34,7 @@ class VentanaAnotada : public Ventana {
     return Ventana::event(evento);
   }
   void mousePressEvent(QMouseEvent* /*evento*/) override { Anotar("pulsada"); }
+  void keyPressEvent(QKeyEvent* /*evento*/) override { Anotar("tecla"); }
 
  private:
   void Anotar(const char* que) { notas_ << nombre_ + ' ' + que; }
@@ -115,6 +116,22 @@ TEST_F(Activaciones, the_desktop_s_own_activation_moves_it_too) {
   b.activateWindow();  // perhaps right after the start: then it is heard when that has settled
   EXPECT_TRUE(QTest::qWaitFor([&] { return !notas.isEmpty(); }));
   EXPECT_EQ(Notas(), "a inactiva, b activa");
+}
+
+TEST_F(Activaciones, a_keyboard_that_is_refused_is_passed_on_until_the_user_moves_it) {
+  const auto muestra = [](const Ventana& ventana) {
+    return QTest::qWaitFor([&] { return QApplication::activeWindow() == &ventana; });
+  };
+  b.windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus);
+  b.DarFoco();
+  EXPECT_TRUE(muestra(b));
+  EXPECT_EQ(QGuiApplication::focusWindow(), a.windowHandle());
+  QTest::keyClick(a.windowHandle(), Qt::Key_X);
+  EXPECT_EQ(Notas(), "a inactiva, b activa, b tecla");
+  QTest::mouseClick(a.windowHandle(), Qt::LeftButton, {}, {10, 10});
+  QTest::keyClick(a.windowHandle(), Qt::Key_X);
+  EXPECT_EQ(Notas(), "b inactiva, a activa, a pulsada, a tecla");
+  EXPECT_TRUE(muestra(a));
 }
 
 TEST_F(Activaciones, nothing_moves_while_a_dialog_is_open) {
