@@ -49,8 +49,21 @@ std::string AzarVista::TextoAlAzar(int cuantos) {
   return texto;
 }
 
+// Is what was drawn the same as all drawn now?
+bool AzarVista::AlDia() {
+  const QImage dibujado = Dibujado(banco_.caja);
+  banco_.caja.viewport()->repaint();
+  const QImage entera = Dibujado(banco_.caja);
+  if (dibujado == entera) return true;
+  dibujado.save(QDir::temp().filePath(QStringLiteral("azar_vista_dibujado.png")));
+  entera.save(QDir::temp().filePath(QStringLiteral("azar_vista_entera.png")));
+  return false;
+}
+
 std::string AzarVista::Paso() {
-  const CajaTexto& caja = banco_.caja;
+  CajaTexto& caja = banco_.caja;
+  caja.activateWindow();  // with its caret
+  for (int vez = 0; vez < 3; ++vez) QApplication::processEvents();
   const Posicion cursor = caja.Cursor();
   const bool seguido = SeVe(cursor) && SeVe(caja.Ancla());
   cambios_.clear();
@@ -58,13 +71,8 @@ std::string AzarVista::Paso() {
   Reposar(caja);
   tapadera_.hide();
   QApplication::processEvents();
-  const QImage dibujado = Dibujado(caja);
-  caja.viewport()->repaint();
-  if (const QImage entera = Dibujado(caja); dibujado != entera) {
-    dibujado.save(QDir::temp().filePath(QStringLiteral("azar_vista_dibujado.png")));
-    entera.save(QDir::temp().filePath(QStringLiteral("azar_vista_entera.png")));
+  if (!AlDia() || accion_.ends_with("drawn"))
     return accion_ + ": the screen was not brought up to date";
-  }
   if (seguido && !CambioALaVista(cursor)) return accion_ + ": what changed is out of sight";
   return Comparar();
 }
@@ -193,9 +201,12 @@ void AzarVista::CambiarDesdeFuera() {
 
 void AzarVista::Componer() {
   accion_ = "composed text";
-  QInputMethodEvent previo(QStringLiteral("xyz"), {});
-  QApplication::sendEvent(&banco_.caja, &previo);
-  banco_.Foto();
+  for (const char* texto : {"xyz", "gj\u00c5", "g"}) {
+    QInputMethodEvent previo(QString::fromUtf8(texto), {});
+    QApplication::sendEvent(&banco_.caja, &previo);
+    QApplication::processEvents();
+    if (!AlDia()) accion_ += ", not drawn";
+  }
   QInputMethodEvent fin;
   fin.setCommitString(Hasta(2) ? QStringLiteral("\u00e1") : QString());
   QApplication::sendEvent(&banco_.caja, &fin);

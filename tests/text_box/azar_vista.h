@@ -39,6 +39,7 @@ class AzarVista : private Observador {
   bool SeVe(Posicion pos) const;
   bool CambioALaVista(Posicion cursor) const;
   void Reposar(const CajaTexto& caja);
+  bool AlDia();
   std::string Comparar();
   std::unique_ptr<CajaTexto> Gemela(Documento& documento);
 
