@@ -34,8 +34,8 @@ void CajaTexto::keyPressEvent(QKeyEvent* evento) {
 
 bool CajaTexto::Avisar(Aviso aviso) {
   if (!oyente_ || SoloLectura()) return true;
-  if (aviso == Aviso::Suprimir) oyente_->TeclaSuprimir();
-  return aviso != Aviso::Caracter || oyente_->TeclaCaracter();
+  if (aviso == Aviso::Suprimir) oyente_->TextBox_KeyDown();
+  return aviso != Aviso::Caracter || oyente_->TextBox_KeyPress();
 }
 
 void CajaTexto::Editar(Orden orden, const QString& texto) {

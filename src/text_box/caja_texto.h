@@ -30,8 +30,9 @@ class OyenteTeclas {
   // A key that yields a character: also Backspace, Enter, Esc, Tab, Ctrl with a letter, the
   // clipboard keys in their Insert forms, and text committed by a dead key or an input method.
   // False: the key is dropped.
-  virtual bool TeclaCaracter() = 0;
-  virtual void TeclaSuprimir() = 0;  // Delete, in any form
+  virtual bool TextBox_KeyPress() = 0;
+  // Delete, in any form; no other key is told of here.
+  virtual void TextBox_KeyDown() = 0;
   // A change, by whatever means, was not made: the memory does not suffice.
   virtual void FaltaMemoria() = 0;
 };

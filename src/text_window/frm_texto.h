@@ -72,8 +72,8 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   bool MuestraArchivo() const;
   QString ArchivoMostrado() const;
 
-  bool TeclaCaracter() override;
-  void TeclaSuprimir() override;
+  bool TextBox_KeyPress() override;
+  void TextBox_KeyDown() override;
   void FaltaMemoria() override;
   void MarcarEdicion();
 

@@ -86,13 +86,13 @@ void FrmTexto::DejarCarga() {
   principal_.DarFoco();
 }
 
-bool FrmTexto::TeclaCaracter() {
+bool FrmTexto::TextBox_KeyPress() {
   if (VeOpciones() || VeFavoritas()) return false;
   MarcarEdicion();
   return true;
 }
 
-void FrmTexto::TeclaSuprimir() {
+void FrmTexto::TextBox_KeyDown() {
   MarcarEdicion();
 }
 

@@ -87,10 +87,10 @@ class BancoCaja : private OyenteTeclas {
   bool deja_escribir = true;
 
  private:
-  bool TeclaCaracter() override {
+  bool TextBox_KeyPress() override {
     avisos += 'c';
     return deja_escribir;
   }
-  void TeclaSuprimir() override { avisos += 's'; }
+  void TextBox_KeyDown() override { avisos += 's'; }
   void FaltaMemoria() override { avisos += 'm'; }
 };
