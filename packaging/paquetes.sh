@@ -22,11 +22,10 @@ PAQUETES_ESCRITORIO=(
 # Making the Debian package: what it depends on is found by these two.
 PAQUETES_EMPAQUETAR=(dpkg-dev file)
 
-# What single tests call. The second row builds the fuzzers, the third checks what is installed:
+# What single tests call. The second row checks what is installed:
 # menu entry, metainfo, manual, package.
 PAQUETES_PROBAR=(
   strace attr acl util-linux mount clang-format
-  clang-14 libclang-rt-14-dev
   desktop-file-utils appstream libxml2-utils groff-base mandoc lintian
 )
 

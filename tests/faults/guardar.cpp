@@ -1,11 +1,10 @@
 // A save without windows, to be run under faults:
 //
-//   velda_guardar RUTA ARCHIVO_CON_EL_CONTENIDO           the text that is shown
-//   velda_guardar --nuevo RUTA ARCHIVO_CON_EL_CONTENIDO   a new text, under a name that may be
-//   taken velda_guardar --perfil RUTA SECCION CLAVE VALOR       one setting
-//   velda_guardar --favoritas RUTA CARPETA...             the list of favourite folders
+//   velda_guardar RUTA ARCHIVO_CON_EL_CONTENIDO            the text that is shown
+//   velda_guardar --nuevo RUTA ARCHIVO_CON_EL_CONTENIDO    a text whose name may be new
+//   velda_guardar --perfil RUTA SECCION CLAVE VALOR        one setting
 //
-// Ends with the system's error number; 0 is success. A setting and the list always end with 0.
+// Ends with the system's error number; 0 is success. A setting always ends with 0.
 #include <array>
 #include <csignal>
 #include <cstdio>
@@ -17,8 +16,6 @@
 #include <QStringList>
 
 #include "shared/archivo.h"
-#include "shared/favoritas.h"
-#include "shared/mod_gral.h"
 #include "shared/perfil.h"
 
 namespace {
@@ -50,15 +47,6 @@ int GuardarValor(const QStringList& argumentos) {
   return 0;
 }
 
-int GuardarLista(const QStringList& argumentos) {
-  AccesoPerfilArchivo acceso;
-  ModGral gral(acceso);
-  gral.ArchivoFavoritas = argumentos[2];
-  Marcar();
-  GuardarFavoritas(gral, argumentos.mid(3));
-  return 0;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -68,7 +56,6 @@ int main(int argc, char** argv) {
     argumentos << QString::fromLocal8Bit(argumento);
   }
   if (argc == 6 && argumentos[1] == u"--perfil") return GuardarValor(argumentos);
-  if (argc > 3 && argumentos[1] == u"--favoritas") return GuardarLista(argumentos);
   if (argc == 4 && argumentos[1] == u"--nuevo") {
     return Guardar(CrearOReemplazarArchivo, argumentos[2], argumentos[3]);
   }

@@ -37,22 +37,13 @@ TEST_F(PerfilEnDisco, the_first_write_makes_folder_and_file_but_no_other_folder)
   EXPECT_EQ(perfil.Puntos(), 9.75);
 }
 
-TEST_F(PerfilEnDisco, a_read_leaves_what_stood_behind_it_in_the_buffer) {
-  perfil.EscribirBuffer(ruta, u"Opciones", u"Visible", u"abcdefgh");
-  EXPECT_EQ(Leido(u"x"), "615");
-  EXPECT_EQ(QByteArray(perfil.Buffer.data(), 9), QByteArray("615\0efgh ", 9));
-}
-
-TEST_F(PerfilEnDisco, a_long_value_is_read_cut_at_99_or_whole) {
+TEST_F(PerfilEnDisco, a_long_value_is_read_and_written_cut_or_whole) {
   const QString larga = "/" + QString(150, u'ñ');
-  perfil.Escribir(ruta, u"PosTam", u"Carpeta", larga);
-  EXPECT_EQ(Leido(u"Carpeta"), larga.left(99));
-  EXPECT_EQ(perfil.LeerLargo(ruta, u"PosTam", u"Carpeta", u""), larga);
-  EXPECT_EQ(perfil.Longitud, 99);
   for (const int largo : {3, 99, 100, 150}) {
     const QString texto = larga.left(largo);
     perfil.EscribirLargo(ruta, u"Datos", u"F1", texto);
     EXPECT_EQ(perfil.LeerLargo(ruta, u"Datos", u"F1", u""), texto);
+    EXPECT_EQ(perfil.Valor(), perfil.LeerLargo(ruta, u"Datos", u"F1", u"").left(99));
     perfil.EscribirBuffer(ruta, u"Datos", u"F1", texto);
     EXPECT_EQ(perfil.LeerLargo(ruta, u"Datos", u"F1", u""), texto.left(100));
   }
