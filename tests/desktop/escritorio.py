@@ -56,12 +56,9 @@ def esperar_valor(que, leer, esperado, plazo=PLAZO):
 
 
 class Escritorio:
-    def __init__(self, binarios, gestor="openbox", usuario=None, pantalla="1280x1024"):
-        """`gestor` is one of GESTORES, None for a screen without one. With `usuario`, a user's
-        number, all but the journey runs without root's rights."""
+    def __init__(self, binarios, gestor="openbox", pantalla="1280x1024"):
+        """`gestor` is one of GESTORES, None for a screen without one."""
         self.gestor, self.pantalla = gestor, pantalla
-        self.como = [] if usuario is None else [
-            "setpriv", f"--reuid={usuario}", f"--regid={usuario}", "--clear-groups"]
         self.procesos = []
         self.programa = None
         self.principal = None  # the main window's number
@@ -73,8 +70,6 @@ class Escritorio:
             (self.raiz / carpeta).mkdir(mode=0o700)
         shutil.copytree(binarios, self.bin)
         (self.bin / "Velda.INI").unlink(missing_ok=True)
-        for archivo in [self.raiz, *self.raiz.rglob("*")] if usuario is not None else []:
-            os.chown(archivo, usuario, usuario)
 
     def __enter__(self):
         try:
@@ -125,7 +120,7 @@ class Escritorio:
             "xprop", "-root", lista))
 
     def _arrancar(self, *orden, salida=subprocess.DEVNULL):
-        proceso = subprocess.Popen([*self.como, *orden], stdin=subprocess.DEVNULL, stdout=salida,
+        proceso = subprocess.Popen(orden, stdin=subprocess.DEVNULL, stdout=salida,
                                    stderr=subprocess.DEVNULL, start_new_session=True)
         self.procesos.append(proceso)
         return proceso
@@ -161,7 +156,7 @@ class Escritorio:
     def iniciar(self):
         """Starts the program and waits for its two windows."""
         with open(self.raiz / "salida.txt", "ab") as salida:
-            self.programa = subprocess.Popen([*self.como, str(self.bin / "velda")],
+            self.programa = subprocess.Popen([str(self.bin / "velda")],
                                              cwd=self.raiz, stdin=subprocess.DEVNULL,
                                              stdout=salida, stderr=salida, start_new_session=True)
         self.procesos.append(self.programa)
@@ -383,10 +378,10 @@ def gestor_de(opciones):
     return next((nombre for nombre in opciones if nombre in GESTORES), "openbox")
 
 
-def recorrer(recorrido, usuario=None):
+def recorrer(recorrido):
     """The body of a journey's script: SCRIPT BINARIES FOLDER_FOR_PICTURES [MANAGER]."""
     binarios, capturas, *opciones = sys.argv[1:]
-    with Escritorio(binarios, gestor_de(opciones), usuario) as escritorio:
+    with Escritorio(binarios, gestor_de(opciones)) as escritorio:
         try:
             recorrido(escritorio)
         except BaseException:

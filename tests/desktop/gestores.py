@@ -7,8 +7,8 @@ import sys
 
 from escritorio import GESTORES
 
-CON_GESTOR = ("ventanas", "siempre_visible")
-RECORRIDOS = ("editar", "nuevo", "lista", "borrar", "opciones")
+CON_GESTOR = ("ventanas",)
+RECORRIDOS = ("editar", "borrar", "opciones")
 
 fallos = []
 for gestor, orden in [*GESTORES.items(), ("ninguno", None)]:
