@@ -52,14 +52,6 @@ TEST_F(Autor, the_caption_names_what_is_under_the_mouse) {
   }
 }
 
-TEST_F(Autor, a_caption_that_begins_alike_is_left_as_it_is) {
-  ventana.PonerTitulo("Vi");
-  ventana.CmdAutor_MouseMove(0);
-  EXPECT_EQ(ventana.Titulo(), "Vi");
-  ventana.Form_MouseMove();
-  EXPECT_EQ(ventana.Titulo(), Fondo);
-}
-
 TEST_F(Autor, a_click_opens_the_address_of_the_tooltip_and_gives_up_the_focus) {
   EXPECT_EQ(Boton(0)->toolTip(), PaginaWeb);
   EXPECT_EQ(Boton(1)->toolTip(), CorreoAutor);

@@ -18,25 +18,18 @@ TEST_F(Arranque, a_first_run_takes_the_defaults_and_writes_them_in_their_order_a
                 blancos + "|Opciones/Confirmar=Si" + blancos);
 }
 
-TEST_F(Arranque, only_a_normal_text_window_writes_its_rectangle) {
+TEST_F(Arranque, only_a_normal_text_window_writes_its_rectangle_and_no_start_takes_another_state) {
   for (const auto& [estado, escrito] :
        {std::pair{EstadoVentana::Minimizada, "1"}, {EstadoVentana::Maximizada, "2"}}) {
     Arrancar();
+    EXPECT_EQ(Texto()->Estado(), EstadoVentana::Normal) << "whatever is stored";
     Texto()->PonerEstado(estado);
     Texto()->Cerrar();
     EXPECT_EQ(ajustes.escritas, QStringList(QString("PosTam/TextoEdo=") + escrito));
-    ajustes.valores["PosTam/TextoEdo"] = "0";
   }
-}
-
-TEST_F(Arranque, a_stored_state_gives_way_to_normal_at_the_start_but_not_later) {
-  ajustes.valores["PosTam/TextoEdo"] = "2";
-  Arrancar();
-  EXPECT_EQ(Texto()->Estado(), EstadoVentana::Normal);
-  Texto()->PonerEstado(EstadoVentana::Maximizada);
-  Texto()->Cerrar();
+  EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
   Abrir(Archivo("a", {}));
-  EXPECT_EQ(Texto()->Estado(), EstadoVentana::Maximizada);
+  EXPECT_EQ(Texto()->Estado(), EstadoVentana::Maximizada) << "later it is as it was";
 }
 
 TEST_F(Arranque, yes_is_yes_by_its_first_two_letters) {
@@ -49,14 +42,6 @@ TEST_F(Arranque, yes_is_yes_by_its_first_two_letters) {
     principal->Cerrar();
     EXPECT_EQ(ajustes.valores["Opciones/Visible"].trimmed(), encima ? "Si" : "No");
   }
-}
-
-TEST_F(Arranque, closing_the_text_window_alone_ends_nothing_and_gives_the_focus_back) {
-  principal->PonerEstado(EstadoVentana::Minimizada);
-  Texto()->Cerrar();
-  EXPECT_TRUE(principal->Visible());
-  EXPECT_EQ(principal->Estado(), EstadoVentana::Normal);
-  EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
 }
 
 }  // namespace

@@ -18,7 +18,6 @@ class Borrar : public Programa {
     QCoreApplication::exec();
     Arrancar();
   }
-  void AbrirTres() { AbrirTodos({"a", "c", "b"}); }
   // Runs the command; `paso` happens while the confirmation is open. False: it never was.
   bool Confirmando(const Paso& paso) {
     bool abierta = false;
@@ -37,27 +36,24 @@ class Borrar : public Programa {
 };
 
 const Paso Cerrando = [](FrmBorrar& confirmacion) { confirmacion.windowHandle()->close(); };
-const Paso Enviando = [](FrmBorrar& confirmacion) { confirmacion.CmdBorrar_Click(0); };
-const Paso Quitando = [](FrmBorrar& confirmacion) { confirmacion.CmdBorrar_Click(1); };
-const Paso LeyendoYCerrando = [](FrmBorrar& confirmacion) { confirmacion.CmdBorrar_Click(2); };
+Paso Pulsando(int boton) {
+  return [boton](FrmBorrar& confirmacion) { confirmacion.CmdBorrar_Click(boton); };
+}
 
 TEST_F(Borrar, each_choice_does_what_it_says) {
-  AbrirTres();
+  AbrirTodos({"a", "c", "b"});
   struct Caso {
     Paso paso;
     QString enviada;
-    QStringList quedan;
+    QString quedan;
     QString actual;
   };
-  const QString a = "a";
-  const QString b = "b";
-  const QString c = "c";
   for (const Caso& caso :
-       {Caso{Cerrando, {}, {a, b, c}, b}, Caso{LeyendoYCerrando, {}, {a, b, c}, b},
-        Caso{Quitando, {}, {a, c}, a}, Caso{Enviando, Ruta("a"), {c}, c}}) {
+       {Caso{Cerrando, {}, "a b c", "b"}, Caso{Pulsando(2), {}, "a b c", "b"},
+        Caso{Pulsando(1), {}, "a c", "a"}, Caso{Pulsando(0), Ruta("a"), "c", "c"}}) {
     EXPECT_TRUE(Confirmando(caso.paso));
     EXPECT_EQ(escritorio.papelera.enviadas.value(0), caso.enviada);
-    EXPECT_EQ(Entradas(), caso.quedan);
+    EXPECT_EQ(Entradas().join(u' '), caso.quedan);
     EXPECT_EQ(gral->ArchivoActual, Ruta(caso.actual));
     EXPECT_EQ(EnCaja(), caso.actual.toLatin1()) << "the text window follows";
     EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
@@ -66,42 +62,31 @@ TEST_F(Borrar, each_choice_does_what_it_says) {
   EXPECT_EQ(EnDisco("b"), "b") << "only off the list";
 }
 
-TEST_F(Borrar, without_the_question_the_file_goes_at_once_and_the_last_one_leaves_nothing) {
-  gral->opciones.Confirmar = false;
-  Abrir(Archivo("ñ con blancos", "x"));
-  EXPECT_FALSE(Confirmando(Cerrando));
-  EXPECT_EQ(escritorio.papelera.enviadas, QStringList(Ruta("ñ con blancos")));
-  EXPECT_EQ(Entradas(), QStringList());
-  EXPECT_EQ(Titulo(), "Archivo: ?");
-}
-
 TEST_F(Borrar, ticking_the_box_turns_the_question_off_for_the_next) {
-  AbrirTres();
+  AbrirTodos({"a", "ñ con blancos"});
   for (const bool pregunta : {true, false}) {
     EXPECT_EQ(Confirmando([](FrmBorrar& confirmacion) {
                 confirmacion.findChild<QCheckBox*>()->setChecked(true);
-                confirmacion.CmdBorrar_Click(1);
+                confirmacion.CmdBorrar_Click(0);
               }),
               pregunta);
   }
-  EXPECT_EQ(escritorio.papelera.enviadas, QStringList(Ruta("a")));
+  EXPECT_EQ(escritorio.papelera.enviadas, QStringList({Ruta("ñ con blancos"), Ruta("a")}));
+  EXPECT_EQ(Entradas(), QStringList());
+  EXPECT_EQ(Titulo(), "Archivo: ?");
+  EXPECT_FALSE(Confirmando(Cerrando)) << "nothing is open";
+  AbrirTodos({"a"});
+  Lista()->clearSelection();
+  EXPECT_FALSE(Confirmando(Cerrando));
+  EXPECT_EQ(escritorio.mensajes.textos.join('|'),
+            "NO HAY ARCHIVOS ABIERTOS|Seleccione el archivo a eliminar");
+  EXPECT_EQ(escritorio.mensajes.titulos[1], "IMPOSIBLE ELIMINAR");
   principal->Cerrar();
   EXPECT_EQ(ajustes.valores["Opciones/Confirmar"].trimmed(), "No");
 }
 
-TEST_F(Borrar, nothing_selected_is_refused) {
-  EXPECT_FALSE(Confirmando(Enviando));
-  AbrirTres();
-  Lista()->clearSelection();
-  EXPECT_FALSE(Confirmando(Enviando));
-  EXPECT_EQ(escritorio.mensajes.textos.join('|'),
-            "NO HAY ARCHIVOS ABIERTOS|Seleccione el archivo a eliminar");
-  EXPECT_EQ(escritorio.mensajes.titulos[1], "IMPOSIBLE ELIMINAR");
-  EXPECT_EQ(Entradas().size(), 3);
-}
-
 TEST_F(Borrar, a_file_is_erased_for_good_only_when_the_user_says_so) {
-  AbrirTres();
+  AbrirTodos({"a", "c", "b"});
   gral->opciones.Confirmar = false;
   struct Caso {
     Envio envio;

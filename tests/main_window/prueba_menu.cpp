@@ -58,24 +58,18 @@ TEST_F(Menu, a_screen_reader_finds_windows_and_buttons_and_presses_an_icon_from_
   EXPECT_EQ(QAccessible::queryAccessibleInterface(panel)->text(QAccessible::Name), u"Opciones:");
 }
 
-TEST_F(Menu, activating_the_text_window_or_minimising_ends_the_hover) {
-  principal->DarFoco();
-  principal->ImgMenu_MouseMove(2);
-  Texto()->DarFoco();
-  EXPECT_EQ(principal->Titulo(), "Velda...");
+TEST_F(Menu, visible_goes_to_and_fro_and_is_named_by_its_state) {
+  EXPECT_EQ(escritorio.encima.puestas, (std::vector<bool>{true})) << "the stored wish, once";
+  for (const char* estado : {"NO", "SI"}) {
+    PulsarIcono(6);
+    principal->ImgMenu_MouseMove(6);
+    EXPECT_EQ(principal->Titulo(), QString("S.Visible ") + estado);
+    Texto()->DarFoco();
+    EXPECT_EQ(principal->Titulo(), "Velda...") << "no hover without the window";
+  }
   principal->ImgMenu_MouseMove(2);
   principal->PonerEstado(EstadoVentana::Minimizada);
   EXPECT_EQ(principal->Titulo(), "Velda...");
-}
-
-TEST_F(Menu, visible_goes_to_and_fro_and_is_named_by_its_state) {
-  EXPECT_EQ(escritorio.encima.puestas, (std::vector<bool>{true})) << "the stored wish, once";
-  PulsarIcono(6);
-  principal->ImgMenu_MouseMove(6);
-  EXPECT_EQ(principal->Titulo(), "S.Visible NO");
-  PulsarIcono(6);
-  principal->ImgMenu_MouseMove(6);
-  EXPECT_EQ(principal->Titulo(), "S.Visible SI");
   EXPECT_EQ(escritorio.encima.puestas, (std::vector<bool>{true, false, true}));
 }
 
@@ -108,17 +102,11 @@ TEST_F(Menu, open_asks_from_the_last_folder_and_a_cancel_changes_nothing) {
   Abrir({});
   EXPECT_EQ(gral->ArchivoActual, a);
   EXPECT_EQ(escritorio.dialogos.abrir[2].carpeta, Ruta("") + u'/');
-}
-
-TEST_F(Menu, open_delete_and_options_wait_while_a_new_text_is_under_way) {
-  Abrir(Archivo("a", "a"));
-  PulsarIcono(1);
-  Abrir(Archivo("b", "b"));
-  EXPECT_EQ(escritorio.dialogos.abrir.size(), 1U);
   gral->opciones.Confirmar = false;
-  PulsarIcono(2);
+  PulsarIcono(1);  // while a new text is under way these wait
+  for (const int icono : {0, 2, 4}) PulsarIcono(icono);
+  EXPECT_EQ(escritorio.dialogos.abrir.size(), 3U);
   EXPECT_EQ(Total(), "01");
-  PulsarIcono(4);
   EXPECT_FALSE(gral->VerOpciones);
 }
 

@@ -38,14 +38,8 @@ TEST_F(Papeleras, a_sent_file_can_be_restored_to_where_it_was) {
   }
 }
 
-TEST_F(Papeleras, two_files_of_one_name_keep_both_contents) {
-  for (int i = 0; i < 2; ++i) EXPECT_EQ(papelera.Enviar(Crear("igual.txt")), Envio::Enviada);
-  EXPECT_EQ(EnPapelera("files/igual.txt"), "contenido");
-  EXPECT_EQ(EnPapelera("files/igual.2.txt"), "contenido");
-}
-
 TEST_F(Papeleras, a_name_too_long_to_be_described_there_is_not_sent) {
-  for (const int largo : {233, 234, 238, 239, 245, 246, 255}) {
+  for (const int largo : {9, 233, 234, 239, 246, 255}) {
     const QString nombre = QString(largo - 4, u'x') + ".txt";
     for (const bool otra_vez : {false, true}) {
       const Envio envio = papelera.Enviar(Crear(nombre));
@@ -54,22 +48,17 @@ TEST_F(Papeleras, a_name_too_long_to_be_described_there_is_not_sent) {
       const QString info =
           QString(nombre).replace(".txt", otra_vez ? ".2.txt" : ".txt") + ".trashinfo";
       EXPECT_EQ(EnPapelera("info/" + info).contains("\nPath="), envio == Envio::Enviada) << largo;
+      EXPECT_EQ(EnPapelera("files/" + info.chopped(10)) == "contenido", envio == Envio::Enviada);
     }
   }
 }
 
-TEST_F(Papeleras, a_link_goes_and_what_it_points_to_stays) {
+TEST_F(Papeleras, without_a_bin_the_file_stays_until_it_is_erased) {
   EXPECT_TRUE(QFile::link(Crear("original"), casa.Ruta("enlace")));
   EXPECT_EQ(papelera.Enviar(casa.Ruta("enlace")), Envio::Enviada);
-  EXPECT_EQ(casa.Leer("original"), "contenido");
-}
-
-TEST_F(Papeleras, a_vanished_file_is_a_failure_and_no_reason_to_ask) {
-  EXPECT_EQ(papelera.Enviar(casa.Ruta("no está")), Envio::Fallo);
+  EXPECT_EQ(casa.Leer("original"), "contenido") << "a link goes, what it points to stays";
+  EXPECT_EQ(papelera.Enviar(casa.Ruta("no está")), Envio::Fallo) << "no reason to ask";
   EXPECT_EQ(papelera.Enviar(casa.Ruta("sin carpeta/x")), Envio::Fallo);
-}
-
-TEST_F(Papeleras, without_a_bin_the_file_stays_until_it_is_erased) {
   QDir(casa.Ruta("datos")).removeRecursively();
   Crear("datos");  // no folder: nothing can be put there
   const QString ruta = Crear("ñ con blancos.txt");

@@ -25,14 +25,27 @@ TEST(Montajes, volumes_are_listed_once_for_each_device_by_their_last_name) {
             (QStringList{"media|/media", "MI DISCO\\x|/media/ana/MI DISCO\\x", "nas|/mnt/nas"}));
 }
 
+TEST(Montajes, escapes_and_the_source_are_read_as_the_system_writes_them) {
+  EXPECT_EQ(SinEscapes("a\\040b\\134\\9\\04", {"\\", 3, 8}), "a b\\\\9\\04");
+  EXPECT_EQ(SinEscapes("MI\\x20DISCO\\x2fx\\xg0\\x2", {"\\x", 2, 16}), "MI DISCO/x\\xg0\\x2");
+  const Montaje nas = LeerMontajes(Montados).at(5);
+  EXPECT_EQ(nas.origen + u'|' + nas.dispositivo + u'|' + nas.tipo, "nas:/datos|0:51|nfs4");
+}
+
 TEST(Montajes, a_network_drive_is_seen_before_it_is_asked_also_behind_a_link) {
   const CarpetaDePrueba carpeta;
   ASSERT_TRUE(QFile::link("/mnt/nas/docs", carpeta.Ruta("enlace")));
   ASSERT_TRUE(QFile::link("./enlace", carpeta.Ruta("otro")));
   ASSERT_TRUE(QFile::link("bucle", carpeta.Ruta("bucle")));
   const auto montajes = LeerMontajes(Montados);
-  const QStringList de_red{"/mnt/nas", "/mnt/nas/x/y", "/home/../mnt/nas/x",
-                           carpeta.Ruta("enlace/x"), carpeta.Ruta("otro")};
+  ASSERT_TRUE(QFile::link("../" + carpeta.Ruta("").section('/', -1) + "/enlace/..",
+                          carpeta.Ruta("arriba")));
+  const QStringList de_red{"/mnt/nas",
+                           "/mnt/nas/x/y",
+                           "/home/../mnt/x/../nas",
+                           carpeta.Ruta("arriba"),
+                           carpeta.Ruta("enlace/x"),
+                           carpeta.Ruta("otro")};
   const QStringList locales{"/mnt/nasa", "/../tmp", carpeta.Ruta("bucle/x"), carpeta.Ruta("")};
   for (const QString& ruta : de_red + locales) {
     const Montaje* montaje = MontajeDeRed(montajes, ruta);
