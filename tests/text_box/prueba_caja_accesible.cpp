@@ -18,6 +18,7 @@ TEST(CajaAccesible, a_screen_reader_finds_text_caret_selection_and_places) {
   int hasta = 0;
   texto->selection(0, &desde, &hasta);
   EXPECT_EQ(std::make_pair(desde, hasta), std::make_pair(4, 7));
+  EXPECT_EQ(texto->selectionCount(), 1);
   EXPECT_EQ(texto->text(9, 99), QStringLiteral("\u00f1 tres"));
   using Unidad = QAccessible::TextBoundaryType;
   const struct {
@@ -44,5 +45,14 @@ TEST(CajaAccesible, a_screen_reader_finds_text_caret_selection_and_places) {
   EXPECT_EQ(texto->offsetAtPoint(sitio.center()), 11);
   caja->editableTextInterface()->replaceText(0, 3, QStringLiteral("x"));
   EXPECT_EQ(banco.Estado(), "x| dos\r\n\xf1 tres");
+  EXPECT_EQ(texto->selectionCount(), 0);
+  texto->addSelection(1, 3);
+  EXPECT_EQ(banco.Estado(), "x^ d|os\r\n\xf1 tres");
+  texto->setSelection(0, 4, 2);
+  EXPECT_EQ(banco.Estado(), "x |do^s\r\n\xf1 tres");
+  texto->setSelection(1, 0, 5);  // there is one only
+  EXPECT_EQ(banco.Estado(), "x |do^s\r\n\xf1 tres");
+  texto->removeSelection(0);
+  EXPECT_EQ(banco.Estado(), "x |dos\r\n\xf1 tres");
   EXPECT_EQ(banco.avisos, "");
 }

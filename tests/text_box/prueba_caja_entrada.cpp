@@ -29,23 +29,32 @@ bool Soltar(BancoCaja& banco, const QMimeData& datos, const QPoint& punto) {
 
 }  // namespace
 
-TEST(CajaEntrada, pasted_text_takes_the_documents_line_ends_and_lacking_characters_become_marks) {
+TEST(CajaEntrada, what_is_pasted_takes_the_line_ends_of_the_text_it_comes_to) {
   const struct {
+    const char* copiado;       // by a box, or else
+    const char16_t* de_fuera;  // by another program
     const char* antes;
-    const char16_t* pegado;
     const char* despues;
   } casos[] = {
-      {"a|b", u"x\r\ny\rz\n", "ax\ny\nz\n|b"},
-      {"\r\n|", u"x\ny", "\r\nx\r\ny|"},
-      {"|", u"\u20ac\u00f1\u4e2d\U0001F600\u2029", "\x80\xf1??\n|"},
-      {"|", u"e\u0301", "\xe9|"},  // a letter and its accent apart
+      {nullptr, u"x\r\ny\rz\n", "a|b", "ax\ny\nz\n|b"},
+      {nullptr, u"x\ny", "\r\n|", "\r\nx\r\ny|"},
+      {nullptr, u"\u20ac\u00f1\u4e2d\U0001F600\u2029", "|", "\x80\xf1??\n|"},
+      {nullptr, u"e\u0301", "|", "\xe9|"},  // a letter and its accent apart
+      {"^a\nb\n|", u"", "1\n|", "1\na\nb\n|"},
+      {"^a\r\nb\n|", u"", "1\r\n|", "1\r\na\r\nb\r\n|"},
+      {"^a\rb\n|", u"", "1\r|", "1\ra\rb\r|"},
   };
-  BancoCaja banco;
+  BancoCaja origen;
+  BancoCaja destino;
   for (const auto& caso : casos) {
-    banco.Poner(caso.antes);
-    QApplication::clipboard()->setText(QString::fromUtf16(caso.pegado));
-    banco.Teclas("Shift+Ins");
-    EXPECT_EQ(banco.Estado(), caso.despues);
+    QApplication::clipboard()->setText(QString::fromUtf16(caso.de_fuera));
+    if (caso.copiado != nullptr) {
+      origen.Poner(caso.copiado);
+      origen.Teclas("Ctrl+C Del");
+    }
+    destino.Poner(caso.antes);
+    destino.Teclas("Shift+Ins");
+    EXPECT_EQ(destino.Estado(), caso.despues);
   }
 }
 
@@ -72,33 +81,10 @@ TEST(CajaEntrada, copied_text_keeps_every_byte_and_cut_is_one_step_of_undo) {
   EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("a\nb"));
 }
 
-TEST(CajaEntrada, what_a_box_copied_takes_the_line_ends_of_the_text_it_comes_to) {
-  const struct {
-    const char* copiado;
-    const char* donde;
-    const char* despues;
-  } casos[] = {
-      {"^a\nb\n|", "1\n|", "1\na\nb\n|"},
-      {"^a\nb\n|", "1\r\n|", "1\r\na\r\nb\r\n|"},
-      {"^a\r\nb\r\n|", "1\r\n|", "1\r\na\r\nb\r\n|"},
-      {"^a\r\nb\n|", "1\r\n|", "1\r\na\r\nb\r\n|"},
-      {"^a\r\nb\r|", "1\r\n|", "1\r\na\r\nb\r\n|"},
-      {"^a\rb\n|", "1\r|", "1\ra\rb\r|"},
-  };
-  BancoCaja origen;
-  BancoCaja destino;
-  for (const auto& caso : casos) {
-    origen.Poner(caso.copiado);
-    origen.Teclas("Ctrl+C Del");
-    destino.Poner(caso.donde);
-    destino.Teclas("Ctrl+V");
-    EXPECT_EQ(destino.Estado(), caso.despues) << caso.copiado;
-  }
-}
-
 TEST(CajaEntrada, committed_text_counts_as_a_key_and_replaces_what_the_method_says) {
   BancoCaja banco;
   banco.Poner("a^b|c");
+  EXPECT_EQ(banco.caja.inputMethodQuery(Qt::ImCurrentSelection).toString(), QStringLiteral("b"));
   Componer(banco, {}, QStringLiteral("\u00e1"));
   EXPECT_EQ(banco.Estado(), "a\xe1|c");
   EXPECT_EQ(banco.avisos, "c");
@@ -112,6 +98,11 @@ TEST(CajaEntrada, committed_text_counts_as_a_key_and_replaces_what_the_method_sa
 TEST(CajaEntrada, text_under_composition_is_shown_and_leaves_no_trace) {
   BancoCaja banco;
   banco.Poner("hola| mundo");
+  const auto dicho = [&](Qt::InputMethodQuery que) { return banco.caja.inputMethodQuery(que); };
+  EXPECT_EQ(dicho(Qt::ImSurroundingText).toString(), QStringLiteral("hola mundo"));
+  EXPECT_EQ(dicho(Qt::ImCursorPosition).toInt(), 4);
+  EXPECT_EQ(dicho(Qt::ImAnchorPosition).toInt(), 4);
+  EXPECT_TRUE(dicho(Qt::ImEnabled).toBool());
   const QImage antes = banco.Foto();
   const QRect cursor = banco.caja.inputMethodQuery(Qt::ImCursorRectangle).toRect();
   Componer(banco, QStringLiteral("nihao"), {});
@@ -121,17 +112,6 @@ TEST(CajaEntrada, text_under_composition_is_shown_and_leaves_no_trace) {
   EXPECT_EQ(banco.avisos, "");
   Componer(banco, {}, {});
   EXPECT_EQ(banco.Foto(), antes);
-}
-
-TEST(CajaEntrada, an_input_method_is_told_what_surrounds_the_caret) {
-  BancoCaja banco;
-  banco.Poner("a\xf1^bc|d");
-  const CajaTexto& caja = banco.caja;
-  EXPECT_EQ(caja.inputMethodQuery(Qt::ImSurroundingText).toString(), QStringLiteral("a\u00f1bcd"));
-  EXPECT_EQ(caja.inputMethodQuery(Qt::ImCursorPosition).toInt(), 4);
-  EXPECT_EQ(caja.inputMethodQuery(Qt::ImAnchorPosition).toInt(), 2);
-  EXPECT_EQ(caja.inputMethodQuery(Qt::ImCurrentSelection).toString(), QStringLiteral("bc"));
-  EXPECT_TRUE(caja.inputMethodQuery(Qt::ImEnabled).toBool());
 }
 
 TEST(CajaEntrada, dropped_text_is_inserted_and_selected_and_a_dropped_file_does_nothing) {
@@ -147,16 +127,6 @@ TEST(CajaEntrada, dropped_text_is_inserted_and_selected_and_a_dropped_file_does_
   EXPECT_FALSE(Soltar(banco, archivo, banco.Sitio(1)));
   EXPECT_EQ(banco.Estado(), "a^xy|bc");
   EXPECT_EQ(banco.avisos, "");
-}
-
-TEST(CajaEntrada, a_text_handed_over_is_no_copy_and_outlives_its_document) {
-  BancoCaja banco;
-  banco.documento.Poner("uno");
-  const char* const donde = banco.documento.Texto().Donde(0).datos;
-  const TextoEntero entero = banco.documento.Entero();
-  banco.documento.Poner("otro");
-  EXPECT_EQ(entero.tramos, std::vector<std::string_view>{"uno"});
-  EXPECT_EQ(entero.tramos[0].data(), donde);
 }
 
 TEST(CajaEntrada, what_memory_cannot_hold_is_told_and_changes_nothing) {

@@ -40,34 +40,21 @@ TEST(CajaRaton, clicks_and_drags_select_characters_words_and_lines) {
   banco.Raton(Soltar, banco.Sitio(16));
   banco.Clic(banco.Sitio(16));
   EXPECT_EQ(banco.Estado(), "uno dos\r\n^tres, cuatro\n|fin");
+  banco.Raton(Pulsar, banco.Sitio(12));
+  EXPECT_EQ(banco.Estado(), "uno dos\r\n^tres, cuatro\n|fin") << "kept until it is let go";
+  banco.Raton(Soltar, banco.Sitio(12));
+  EXPECT_EQ(banco.Estado(), "uno dos\r\ntre|s, cuatro\nfin");
   EXPECT_EQ(banco.avisos, "");
 }
 
-TEST(CajaRaton, a_press_on_the_selection_keeps_it_until_it_is_released) {
-  BancoCaja banco;
-  banco.Poner("a^bcd|e");
-  banco.Raton(Pulsar, banco.Sitio(2));
-  EXPECT_EQ(banco.Estado(), "a^bcd|e");
-  banco.Raton(Soltar, banco.Sitio(2));
-  EXPECT_EQ(banco.Estado(), "ab|cde");
-}
-
-TEST(CajaRaton, a_click_past_a_wrapped_row_lands_at_its_end) {
-  BancoCaja banco;
-  banco.Poner("|" + std::string(30, 'a') + " " + std::string(30, 'b'));
-  banco.Clic({290, banco.Sitio(0).y()});
-  EXPECT_EQ(banco.caja.Cursor(), 31);
-  EXPECT_EQ(banco.caja.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().y(),
-            banco.Sitio(0).y() + banco.caja.viewport()->y());
-}
-
-TEST(CajaRaton, the_wheel_scrolls_three_rows_a_notch_and_small_turns_add_up) {
-  BancoCaja banco;
+TEST(CajaRaton, the_wheel_scrolls_three_rows_a_notch_small_turns_add_up_and_the_text_ends) {
+  BancoCaja banco(CajaTexto::Ajuste::SinAjustar);
   std::string texto;
   for (int i = 100; i < 200; ++i) texto += std::to_string(i) + "\n";
-  banco.Poner("|" + texto);
-  const auto girar = [&banco](int angulo) {
-    QWheelEvent evento({10, 10}, {10, 10}, {}, {0, angulo}, {}, {}, Qt::NoScrollPhase, false);
+  banco.Poner("|" + texto + std::string(100, 'x'));
+  const auto girar = [&banco](int angulo, bool de_lado = false) {
+    const QPoint giro = de_lado ? QPoint(angulo, 0) : QPoint(0, angulo);
+    QWheelEvent evento({10, 10}, {10, 10}, {}, giro, {}, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(banco.caja.viewport(), &evento);
   };
   girar(-120);
@@ -77,6 +64,12 @@ TEST(CajaRaton, the_wheel_scrolls_three_rows_a_notch_and_small_turns_add_up) {
   girar(600);
   EXPECT_EQ(banco.caja.Arriba(), 0);
   EXPECT_EQ(banco.caja.Cursor(), 0);
+  const QScrollBar& barra = *banco.caja.horizontalScrollBar();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return barra.maximum() > 0; }));
+  for (int i = 0; i < 40; ++i) girar(-120, true);
+  EXPECT_EQ(barra.value(), barra.maximum());
+  const QRect fin = banco.caja.Vista().Rectangulo({500, false});
+  EXPECT_GT(fin.right(), banco.caja.viewport()->width() - 20) << "no further than the widest line";
 }
 
 TEST(CajaRaton, the_scroll_bars_reach_the_last_row_and_the_widest_line) {

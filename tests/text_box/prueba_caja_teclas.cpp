@@ -23,45 +23,37 @@ void Comprobar(BancoCaja& banco, const Caso& caso) {
 TEST(CajaTeclas, each_key_moves_or_edits_as_it_says) {
   const Caso casos[] = {
       {"ab|c", "Left", "a|bc"},
-      {"|abc", "Left", "|abc"},
-      {"abc|", "Right", "abc|"},
       {"a\r\n|b", "Left", "a|\r\nb"},
       {"a|\r\nb", "Right", "a\r\n|b"},
       {"a^bc|d", "Left", "a|bcd"},
       {"a|bc^d", "Right", "abc|d"},
-      {"ab|cd", "Shift+Left Shift+Left", "|ab^cd"},
       {"a|\r\nb", "Shift+Right", "a^\r\n|b"},
-      {"uno| dos, tres", "Ctrl+Right", "uno |dos, tres"},
       {"uno |dos, tres", "Ctrl+Right", "uno dos|, tres"},
       {"a\xf1o\xfc_1| b", "Ctrl+Left", "|a\xf1o\xfc_1 b"},
       {"uno|\r\n  dos", "Ctrl+Right", "uno\r\n|  dos"},
       {"uno\r\n  |dos", "Ctrl+Left Ctrl+Left", "uno|\r\n  dos"},
-      {"uno dos|", "Ctrl+Shift+Left", "uno |dos^"},
       {"abc\ndef|g\nhi", "Home", "abc\n|defg\nhi"},
       {"abc\nde|fg\nhi", "End", "abc\ndefg|\nhi"},
-      {"abc\nde|fg", "Ctrl+Home", "|abc\ndefg"},
       {"a|bc\ndefg", "Ctrl+Shift+End", "a^bc\ndefg|"},
       {"abcd|e\nx\nabcdef", "Down Down", "abcde\nx\nabcd|ef"},
       {"abcde\nx\nabcdef|", "Up Up", "abcde|\nx\nabcdef"},
       {"ab|cde\nx\nabcdef", "Shift+Down", "ab^cde\nx|\nabcdef"},
-      {"a|b\ncd", "Up", "a|b\ncd"},
       {"a|b", "x y", "axy|b"},
-      {"a^bc|d", "x", "ax|d"},
       {"a|b", "Return Tab Enter", "a\n\t\n|b"},
       {"1\r\na|b", "Return", "1\r\na\r\n|b"},
-      {"1\ra|b", "Ctrl+Return", "1\ra\r|b"},
-      {"ab|c", "Backspace", "a|c"},
       {"a\r\n|b", "Backspace", "a|b"},
       {"a|\r\nb", "Del", "a|b"},
       {"a|\n\rb", "Del", "a|\rb"},
       {"\rx|\n", "Backspace", "\r\n|"},
-      {"|", "Backspace Del", "|"},
       {"uno dos| tres", "Ctrl+Backspace", "uno | tres"},
       {"uno |dos tres", "Ctrl+Del", "uno |tres"},
-      {"a^bc|d", "Backspace", "a|d"},
       {"a|bc^d", "Del", "a|d"},
       {"a|b", "Esc Ctrl+K Ctrl+M Ins Ctrl+1 Alt+x Shift+Tab F5", "a|b"},
       {"a|b", "Ctrl+A", "^ab|"},
+      {"a|b", "x y Ctrl+Z", "a|b"},
+      {"a|b", "x y Ctrl+Z Ctrl+Y", "axy|b"},
+      {"a|b", "x Ctrl+Z Ctrl+Shift+Z", "ax|b"},
+      {"a|b", "x Left y Ctrl+Z", "a|xb"},
   };
   BancoCaja banco;
   for (const Caso& caso : casos) Comprobar(banco, caso);
@@ -87,16 +79,14 @@ TEST(CajaTeclas, each_key_that_marks_an_edit_is_announced_before_it_acts) {
   }
 }
 
-TEST(CajaTeclas, a_refused_character_is_dropped_but_delete_and_movement_act) {
+TEST(CajaTeclas, a_refused_character_is_dropped_and_read_only_keeps_the_text_and_copies) {
   BancoCaja banco;
   banco.deja_escribir = false;
   Comprobar(banco, {"a|bc", "x Return Backspace Ctrl+V Ctrl+A", "a|bc"});
   Comprobar(banco, {"a|bc", "Del Right", "ac|"});
-}
-
-TEST(CajaTeclas, read_only_keeps_the_text_and_still_moves_and_copies) {
-  BancoCaja banco;
+  banco.deja_escribir = true;
   banco.caja.PonerSoloLectura(true);
+  banco.avisos.clear();
   Comprobar(banco, {"a|bc", "x Del Backspace Ctrl+Z Shift+Del Return Shift+Right Ctrl+C", "a^b|c"});
   EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("b"));
   EXPECT_EQ(banco.avisos, "");
@@ -138,24 +128,4 @@ TEST(CajaTeclas, a_page_moves_caret_and_view_by_the_rows_in_sight_less_one) {
   banco.Teclas("PgUp PgUp");
   EXPECT_EQ(banco.caja.Cursor(), 2);
   EXPECT_EQ(banco.caja.Arriba(), 0);
-}
-
-TEST(CajaTeclas, what_is_put_in_at_the_very_start_is_seen) {
-  BancoCaja banco;
-  banco.Poner("|" + std::string(100, '\n'));
-  banco.Teclas("Return");
-  EXPECT_EQ(banco.caja.Arriba(), 0);
-}
-
-TEST(CajaTeclas, undo_and_redo_bring_back_text_and_caret) {
-  BancoCaja banco;
-  const Caso casos[] = {
-      {"a|b", "x y Ctrl+Z", "a|b"},
-      {"a|b", "x y Ctrl+Z Ctrl+Y", "axy|b"},
-      {"a|b", "x Ctrl+Z Ctrl+Shift+Z", "ax|b"},
-      {"abc|", "Backspace Backspace Ctrl+Z", "abc|"},
-      {"a|b", "x Left y Ctrl+Z", "a|xb"},
-      {"a|b", "Ctrl+Z Ctrl+Y", "a|b"},
-  };
-  for (const Caso& caso : casos) Comprobar(banco, caso);
 }

@@ -1,7 +1,6 @@
 #include <cerrno>
 #include <fstream>
 #include <gmock/gmock.h>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -17,48 +16,37 @@ std::string Todo(const Documento& documento) {
   return documento.Copia().toStdString();
 }
 
-// Keeps a copy of the text in step by what it is told alone.
-class Espejo : public Observador {
- public:
-  explicit Espejo(Documento& documento) : documento_(documento) { documento.Observar(this); }
-  void Reemplazado(const Cambio& cambio) override {
-    const auto pos = static_cast<std::size_t>(cambio.pos);
-    const QByteArray nuevos = documento_.Copia(cambio.pos, cambio.pos + cambio.puestos);
-    texto.replace(pos, static_cast<std::size_t>(cambio.quitados), nuevos.toStdString());
+TEST(Bytes,
+     what_is_taken_out_or_put_in_from_itself_is_as_it_was_and_memory_that_lacks_changes_nothing) {
+  std::vector<Pieza> sacados;
+  {
+    Bytes bytes;
+    ASSERT_TRUE(bytes.Reemplazar(0, 0, "abcdef"));
+    ASSERT_TRUE(bytes.Reemplazar(3, 0, "-"));
+    ASSERT_TRUE(bytes.Reemplazar(1, 2, bytes.Tramos(4, 7)[0]));
+    EXPECT_TRUE(bytes.ReservarFinal(std::size_t{1} << 60).empty());
+    std::string copia(8, '?');
+    bytes.Copiar(0, bytes.Tamano(), copia.data());
+    EXPECT_EQ(copia, "adef-def");
+    sacados = bytes.Piezas(1, 3);
   }
-  void Recargado() override { texto = Todo(documento_); }
+  ASSERT_EQ(sacados.size(), 1);
+  EXPECT_EQ(sacados[0].bytes, "de") << "it outlives the text";
+}
 
-  std::string texto;
-
- private:
-  Documento& documento_;
-};
-
-TEST(Documento, undoing_everything_gives_the_bytes_back_and_redoing_too) {
-  std::mt19937 azar(7);
-  Documento documento;
-  Espejo espejo(documento);
-  const std::string antes = "uno dos\r\ntres\n";
-  documento.Poner(antes);
-  std::string seguro = antes;
-  for (int i = 0; i < 3000; ++i) {
-    const std::size_t pos = azar() % (seguro.size() + 1);
-    const std::size_t quitados = std::min<std::size_t>(azar() % 5, seguro.size() - pos);
-    const std::string nuevos(azar() % 4, static_cast<char>('a' + azar() % 26));
-    const auto agrupacion = static_cast<Agrupacion>(azar() % 3);
-    ASSERT_TRUE(documento.Reemplazar(static_cast<Posicion>(pos), static_cast<Posicion>(quitados),
-                                     nuevos, agrupacion));
-    seguro.replace(pos, quitados, nuevos);
-    if (azar() % 4 == 0) documento.Deshacer();
-    if (azar() % 4 == 0) documento.Rehacer();
-    seguro = espejo.texto;
-    ASSERT_EQ(Todo(documento), espejo.texto);
+TEST(ContadorLineas, line_ends_cut_by_the_pieces_are_counted_once) {
+  const std::string texto = "a\r\nb\rc\n\r\r\n\r";
+  for (std::size_t paso = 1; paso <= texto.size(); ++paso) {
+    for (const int bloque : {1, 2, 3, 4096}) {
+      ContadorLineas contador(bloque);
+      for (std::size_t i = 0; i < texto.size(); i += paso) {
+        contador.Agregar(std::string_view(texto).substr(i, paso));
+      }
+      const Sumas sumas = contador.Terminar();
+      EXPECT_EQ(sumas.Cuenta(), 6) << paso << ' ' << bloque;
+      EXPECT_EQ(sumas.Bytes(), std::ssize(texto));
+    }
   }
-  while (documento.PuedeDeshacer()) documento.Deshacer();
-  EXPECT_EQ(Todo(documento), antes);
-  while (documento.PuedeRehacer()) documento.Rehacer();
-  EXPECT_EQ(Todo(documento), seguro);
-  EXPECT_EQ(espejo.texto, seguro);
 }
 
 void Teclear(Documento& documento, Posicion pos, std::string_view texto) {
@@ -67,7 +55,7 @@ void Teclear(Documento& documento, Posicion pos, std::string_view texto) {
   }
 }
 
-TEST(Documento, typing_is_undone_word_by_word) {
+TEST(Documento, typing_is_undone_word_by_word_and_whatever_comes_between_begins_a_step) {
   Documento documento;
   Teclear(documento, 0, "hola  mundo\nfin");
   for (const char* queda : {"hola  mundo\n", "hola  ", ""}) {
@@ -78,17 +66,12 @@ TEST(Documento, typing_is_undone_word_by_word) {
   EXPECT_EQ(documento.Deshacer().pos, -1);
   documento.Rehacer();
   EXPECT_EQ(Todo(documento), "hola  ");
-}
-
-TEST(Documento, a_moved_caret_and_a_paste_begin_steps_of_their_own) {
-  Documento documento;
-  Teclear(documento, 0, "ab");
-  documento.CerrarGrupo();
-  Teclear(documento, 2, "cd");
-  ASSERT_TRUE(documento.Reemplazar(4, 0, "ef", Agrupacion::Sola));
-  Teclear(documento, 6, "gh");
+  documento.CerrarGrupo();  // the caret was moved
+  Teclear(documento, 6, "cd");
+  ASSERT_TRUE(documento.Reemplazar(8, 0, "ef", Agrupacion::Sola));
+  Teclear(documento, 10, "gh");
   Teclear(documento, 0, "i");
-  for (const char* queda : {"abcdefgh", "abcdef", "abcd", "ab", ""}) {
+  for (const char* queda : {"hola  cdefgh", "hola  cdef", "hola  cd", "hola  "}) {
     documento.Deshacer();
     EXPECT_EQ(Todo(documento), queda);
   }
@@ -143,16 +126,6 @@ TEST(Historial, a_pause_begins_a_new_step) {
   EXPECT_EQ(historial.PorDeshacer()->dentro, 2);
 }
 
-TEST(Documento, the_form_of_the_first_line_end_is_the_documents) {
-  const std::vector<std::pair<const char*, const char*>> casos = {
-      {"", "\n"}, {"abc", "\n"}, {"a\r\nb\n", "\r\n"}, {"a\rb\r\n", "\r"}, {"a\nb\r\n", "\n"}};
-  for (const auto& [texto, forma] : casos) {
-    Documento documento;
-    documento.Poner(texto);
-    EXPECT_EQ(documento.FinDeLinea(), forma) << texto;
-  }
-}
-
 TEST(Documento, a_loaded_file_is_there_byte_for_byte_and_undo_starts_empty) {
   const QTemporaryDir carpeta;
   const QString ruta = carpeta.filePath(QStringLiteral("texto.txt"));
@@ -160,13 +133,12 @@ TEST(Documento, a_loaded_file_is_there_byte_for_byte_and_undo_starts_empty) {
   for (std::size_t i = 0; i < contenido.size(); ++i) contenido[i] = static_cast<char>(i * 31 >> 3);
   std::ofstream(ruta.toStdString(), std::ios::binary) << contenido;
   Documento documento;
-  Espejo espejo(documento);
   ASSERT_TRUE(documento.Reemplazar(0, 0, "antes", Agrupacion::Sola));
   auto lector = LectorArchivo::Abrir(ruta, LectorArchivo::SiFalta::Fallar);
   ASSERT_TRUE(lector.Bien());
   std::ofstream(ruta.toStdString(), std::ios::binary | std::ios::app) << "lo que crece";
   ASSERT_TRUE(documento.Cargar(lector.Valor()).Bien());
-  EXPECT_TRUE(espejo.texto == contenido);
+  EXPECT_TRUE(Todo(documento) == contenido);
   EXPECT_FALSE(documento.PuedeDeshacer());
   EXPECT_EQ(documento.LineasDelTexto().Total(), Lineas(documento.Texto()).Total());
 }

@@ -1,13 +1,10 @@
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <string>
-#include <vector>
 
 #include "text_box/filas.h"
 #include "text_box/renglones_lineas.h"
 
 namespace {
-
-using testing::ElementsAreArray;
 
 Avances Unos(std::int32_t tabulador = 4) {
   Avances avances;
@@ -42,55 +39,6 @@ class Texto {
   Filas filas_{bytes_, lineas_};
   RenglonesLineas renglones_{bytes_, lineas_};
 };
-
-struct Caso {
-  const char* que;
-  std::string texto;
-  std::vector<Posicion> inicios;
-};
-
-TEST(Filas, rows_break_where_the_rule_says) {
-  const std::vector<Caso> casos = {
-      // five bytes wide, tab stops every four
-      {"nothing", "", {0}},
-      {"fits exactly", "abcde", {0}},
-      {"a line end beside the edge", "abcde\nf", {0, 6}},
-      {"CR LF is one end, LF CR are two", "a\r\nb\n\rc", {0, 3, 5, 6}},
-      {"a line end at the very end", "ab\r", {0, 3}},
-      {"after the last blank", "ab cdef", {0, 3}},
-      {"a word too long", "abcdefghijkl", {0, 5, 10}},
-      {"blanks hang over", "abcde    fg", {0, 9}},
-      {"blanks hang over at a line end", "abcde   \nfg", {0, 9}},
-      {"a tab that fits is a place to break", "a\tbc", {0, 2}},
-      {"a tab beyond the edge starts the next row", "abcd\te", {0, 4}},
-      {"a tab behind hanging blanks too", "abcde  \te", {0, 7}},
-  };
-  for (const Caso& caso : casos) {
-    Texto texto(caso.texto);
-    const Filas& filas = texto.PorFilas(Unos(), 5);
-    std::vector<Posicion> inicios;
-    for (Posicion pos = 0; pos >= 0; pos = filas.Siguiente(pos)) inicios.push_back(pos);
-    EXPECT_THAT(inicios, ElementsAreArray(caso.inicios)) << caso.que;
-    EXPECT_EQ(filas.Total(), std::ssize(caso.inicios)) << caso.que;
-  }
-}
-
-TEST(Filas, a_byte_wider_than_the_row_has_a_row_of_its_own) {
-  Avances avances = Unos();
-  avances.ancho['W'] = 9;
-  Texto texto("aWWb");
-  const Filas& filas = texto.PorFilas(avances, 5);
-  EXPECT_EQ(filas.Siguiente(0), 1);
-  EXPECT_EQ(filas.Siguiente(1), 2);
-  EXPECT_EQ(filas.Siguiente(2), 3);
-}
-
-TEST(Filas, the_end_of_a_broken_row_is_no_place_in_it) {
-  Texto texto("abcdefgh\nij");
-  const Filas& filas = texto.PorFilas(Unos(), 5);
-  EXPECT_EQ(filas.PosicionEnX(0, 99), 4);
-  EXPECT_EQ(filas.PosicionEnX(5, 99), 8);
-}
 
 // Rows of a line without blanks never meet the old ones: what is shown must be right all the same.
 TEST(Filas, rows_of_a_huge_line_are_right_at_once_after_a_change) {
