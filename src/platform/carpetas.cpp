@@ -12,7 +12,6 @@
 #include <utility>
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include "shared/constantes.h"
@@ -42,13 +41,10 @@ bool EsDelTipo(DIR* directorio, const dirent& entrada, Busca que) {
          (que == Busca::Subcarpetas ? S_ISDIR(estado.st_mode) : S_ISREG(estado.st_mode));
 }
 
-// A text whose name is no text cannot be opened by it: opening it would make another file.
 bool SeMuestra(DIR* directorio, const dirent& entrada, Busca que) {
   const QByteArrayView nombre(entrada.d_name);
   if (nombre.startsWith('.') || (que == Busca::Textos && !EsTexto(nombre))) return false;
-  return EsDelTipo(directorio, entrada, que) &&
-         (que == Busca::Subcarpetas ||
-          QFile::encodeName(QFile::decodeName(entrada.d_name)) == nombre);
+  return EsDelTipo(directorio, entrada, que);
 }
 
 // The same folder under its name in upper case: the disk does not tell letter case apart.
@@ -71,9 +67,7 @@ ResultadoCon<CarpetaLeida> LeerCarpeta(const QString& carpeta, Busca que) {
   CarpetaLeida leida;
   errno = 0;
   while (const dirent* entrada = ::readdir(directorio.get())) {
-    if (SeMuestra(directorio.get(), *entrada, que)) {
-      leida.nombres << QFile::decodeName(entrada->d_name);
-    }
+    if (SeMuestra(directorio.get(), *entrada, que)) leida.nombres << RutaComoTexto(entrada->d_name);
     errno = 0;
   }
   if (errno != 0) return Resultado::Fallo(errno);

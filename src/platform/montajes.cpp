@@ -6,7 +6,6 @@
 #include <climits>
 #include <unistd.h>
 
-#include <QFile>
 #include <QStringList>
 
 #include "shared/archivo.h"
@@ -32,7 +31,7 @@ QString Destino(const QString& ruta) {
   std::array<char, PATH_MAX> destino{};
   const ssize_t largo =
       ::readlink(RutaDelSistema(ruta).constData(), destino.data(), destino.size());
-  return largo <= 0 ? QString() : QFile::decodeName(QByteArray(destino.data(), largo));
+  return largo <= 0 ? QString() : RutaComoTexto(QByteArrayView(destino.data(), largo));
 }
 
 QStringList Partes(const QString& ruta) {
@@ -54,7 +53,7 @@ QString SinEscapes(QByteArrayView texto, const Escape& escape) {
     bytes += es ? static_cast<char>(numero) : texto.front();
     texto = texto.sliced(es ? cuantos : 1);
   }
-  return QFile::decodeName(bytes);
+  return RutaComoTexto(bytes);
 }
 
 std::vector<Montaje> LeerMontajes(QByteArrayView contenido) {

@@ -7,7 +7,6 @@
 #include <type_traits>
 #include <unistd.h>
 
-#include <QFile>
 #include <QLibrary>
 
 #include "shared/rutas.h"
@@ -87,5 +86,5 @@ Envio PapeleraReal::Enviar(const QString& ruta) {
 }
 
 void PapeleraReal::Eliminar(const QString& ruta) {
-  QFile::remove(ruta);
+  (void)::unlink(RutaDelSistema(ruta).constData());
 }

@@ -7,8 +7,6 @@
 #include <unistd.h>
 #include <utility>
 
-#include <QFile>
-
 #include "shared/reemplazo.h"
 #include "shared/rutas.h"
 
@@ -106,7 +104,7 @@ ResultadoCon<QByteArray> LeerArchivo(const QString& ruta) {
 QStringList CopiasDeGuardado(const QString& ruta) {
   QStringList copias;
   for (const std::string& una : CopiasDe(RutaDelSistema(ruta).constData())) {
-    copias << QFile::decodeName(una.c_str());
+    copias << RutaComoTexto(una);
   }
   return copias;
 }
