@@ -12,6 +12,7 @@
 #include "platform/dibujos.h"
 #include "platform/fuentes.h"
 #include "platform/imagen.h"
+#include "shared/ruta_guardada.h"
 #include "text_window/frm_texto.h"
 
 namespace {
@@ -112,7 +113,7 @@ void FrmMain::LeerAjustes() {
   const int izquierda = leer(u"PosTam", u"PrinIzda", u"615").Entero16(615);
   const int arriba = leer(u"PosTam", u"PrinArriba", u"615").Entero16(615);
   PonerPosicion(izquierda, arriba);
-  CarpetaActual = leer(u"Inicial", u"Carpeta", u"c:\\").Valor();
+  CarpetaActual = RutaGuardada(leer(u"Inicial", u"Carpeta", u"c:\\").Valor());
   gral_.opciones.Leer(gral_.perfil, gral_.ArchivoINI, LeePrincipal);
   ActivarVisible = gral_.opciones.Visible;
 }
@@ -142,7 +143,7 @@ void FrmMain::Form_Unload() {
   const RectTwips rect = Rectangulo();
   gral_.perfil.Escribir(ini, u"PosTam", u"PrinIzda", QString::number(rect.izquierda));
   gral_.perfil.Escribir(ini, u"PosTam", u"PrinArriba", QString::number(rect.arriba));
-  gral_.perfil.Escribir(ini, u"Inicial", u"Carpeta", CarpetaActual);
+  gral_.perfil.Escribir(ini, u"Inicial", u"Carpeta", RutaAGuardar(CarpetaActual));
   gral_.opciones.Escribir(gral_.perfil, ini, EscribePrincipal);
   QCoreApplication::exit(0);
 }

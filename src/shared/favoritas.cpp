@@ -3,7 +3,7 @@
 #include <unistd.h>
 
 #include "shared/descriptor.h"
-#include "shared/pagina_codigos.h"
+#include "shared/ruta_guardada.h"
 #include "shared/rutas.h"
 
 namespace {
@@ -18,7 +18,8 @@ QString Clave(int numero) {
 
 // Blanks at the end of a value are the field's, unless quotes stand around it.
 QString EnCampo(const QString& carpeta) {
-  return carpeta == carpeta.trimmed() ? carpeta : u'"' + carpeta + u'"';
+  const QString valor = RutaAGuardar(carpeta);
+  return valor == valor.trimmed() ? valor : u'"' + valor + u'"';
 }
 
 }  // namespace
@@ -33,13 +34,10 @@ QStringList LeerFavoritas(ModGral& gral) {
   QStringList claves;
   const int total = LeerTotalFavoritas(gral);
   for (int i = 1; i <= total; ++i) claves << Clave(i);
-  return claves.isEmpty() ? QStringList()
-                          : gral.perfil.LeerLargos(gral.ArchivoFavoritas, Datos, claves, u"");
-}
-
-bool CabeEnFavoritas(const QString& carpeta) {
-  return PaginaCodigos::Representable(carpeta) && !carpeta.contains(u'\n') &&
-         !carpeta.contains(u'\r');
+  if (claves.isEmpty()) return {};
+  QStringList carpetas = gral.perfil.LeerLargos(gral.ArchivoFavoritas, Datos, claves, u"");
+  for (QString& carpeta : carpetas) carpeta = RutaGuardada(carpeta);
+  return carpetas;
 }
 
 void GuardarFavoritas(ModGral& gral, const QStringList& carpetas) {

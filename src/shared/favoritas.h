@@ -17,9 +17,6 @@ std::int16_t LeerTotalFavoritas(ModGral& gral);
 // TotalFavoritas.
 QStringList LeerFavoritas(ModGral& gral);
 
-// Can the file give this folder back as it is? Not one with a character that the code page lacks,
-// or with a line end.
-bool CabeEnFavoritas(const QString& carpeta);
 // Writes the folders and empties the keys behind them up to F30; deletes the file when there are
 // none. Sets TotalFavoritas. Other keys stay; failures are not reported.
 void GuardarFavoritas(ModGral& gral, const QStringList& carpetas);

@@ -63,8 +63,8 @@ void FraFavoritas::CmdAnhadir_Click() {
               QStringLiteral("> Seleccione otra")});
     return;
   }
-  if (carpeta.isEmpty() || !CabeEnFavoritas(carpeta)) {
-    AgregarEstado({QStringLiteral("> Ruta no admitida"), {}});
+  if (carpeta.isEmpty()) {  // the drive could not be read when the panel opened
+    AgregarEstado({QStringLiteral("> Unidad no disponible"), {}});
     return;
   }
   FavoritasCambiadas = true;

@@ -97,17 +97,23 @@ TEST_F(Menu, open_asks_from_the_last_folder_and_a_cancel_changes_nothing) {
   ASSERT_EQ(escritorio.dialogos.abrir.size(), 1U);
   EXPECT_EQ(escritorio.dialogos.abrir[0].carpeta, "/una/carpeta/");
   EXPECT_EQ(escritorio.dialogos.abrir[0].titulo, "Abrir archivos...");
-  const QString a = Archivo("a", "a");
+  const QString a = Archivo("日/a", "a");
   Abrir(a);
   Abrir({});
   EXPECT_EQ(gral->ArchivoActual, a);
-  EXPECT_EQ(escritorio.dialogos.abrir[2].carpeta, Ruta("") + u'/');
+  EXPECT_EQ(escritorio.dialogos.abrir[2].carpeta, Ruta("日/"));
   gral->opciones.Confirmar = false;
   PulsarIcono(1);  // while a new text is under way these wait
   for (const int icono : {0, 2, 4}) PulsarIcono(icono);
   EXPECT_EQ(escritorio.dialogos.abrir.size(), 3U);
   EXPECT_EQ(Total(), "01");
   EXPECT_FALSE(gral->VerOpciones);
+  principal->Cerrar();
+  EXPECT_EQ(ajustes.valores["Inicial/Carpeta"],
+            "/dev/null/" + Ruta("").toUtf8() + "/\xE6\x97\xA5/??");
+  Arrancar();
+  Abrir({});
+  EXPECT_EQ(escritorio.dialogos.abrir[3].carpeta, Ruta("日/"));
 }
 
 TEST_F(Menu, help_is_the_compiled_file_or_else_the_page) {

@@ -1,5 +1,10 @@
+#include <random>
+
 #include "shared/carpeta_de_prueba.h"
 #include "shared/favoritas.h"
+#include "shared/pagina_codigos.h"
+#include "shared/ruta_guardada.h"
+#include "shared/rutas.h"
 
 namespace {
 
@@ -42,11 +47,48 @@ TEST_F(Favoritas, every_folder_that_fits_comes_back_as_it_was) {
                              "/" + QString(98, u'ñ'),
                              "/" + QString(99, u'ñ'),
                              "/" + QString(600, u'x')};
-  for (const QString& una : carpetas) EXPECT_TRUE(CabeEnFavoritas(una)) << qPrintable(una);
   GuardarFavoritas(gral, carpetas);
   EXPECT_EQ(LeerFavoritas(gral), carpetas);
-  for (const char* otra : {"/日本", "/a\nb", "/a\rb", "/a\u0301"}) {
-    EXPECT_FALSE(CabeEnFavoritas(otra)) << otra;
+  for (const QString& una : carpetas) EXPECT_EQ(RutaAGuardar(una), una);
+}
+
+TEST_F(Favoritas, what_the_page_lacks_is_stored_below_a_device_and_a_part_of_it_stays_there) {
+  for (const auto& [ruta, valor] : {std::pair<const char*, const char*>{
+                                        "/日 €?\n", "/dev/null//\xE6\x97\xA5 \xE2\x82\xAC?3f?0a??"},
+                                    {"/nin\u0303o", "/dev/null//nin\xCC\x83o??"},
+                                    {"/\xF1", "/dev/null//\xF1??"},
+                                    {"/\xED\xB2\x80\xF0\x9F", "/dev/null//\xED\xB2\x80\xF0\x9F??"},
+                                    {"/dev/null//a??", "/dev/null//dev/null//a?3f?3f??"}}) {
+    const QString entero = RutaAGuardar(RutaComoTexto(ruta));
+    EXPECT_EQ(entero, PaginaCodigos::ATexto(valor)) << ruta;
+    EXPECT_EQ(RutaDelSistema(RutaGuardada(entero)), ruta);
+    for (qsizetype i = 0; i < entero.size(); ++i) {
+      EXPECT_EQ(RutaGuardada(entero.left(i)), entero.left(i)) << ruta;
+    }
+  }
+  for (const char* otra : {"/dev/null/a?3??", "/dev/null/a?3F??", "/dev/null/?", "/dev/null/a"}) {
+    EXPECT_EQ(RutaGuardada(otra), otra);
+  }
+}
+
+TEST_F(Favoritas, paths_of_any_bytes_come_back_from_the_file) {
+  const QList<QByteArray> partes{"/",  "?",        "??",   "\n",   "\r",      " ",    "/dev/null/",
+                                 "3f", "\xC3\xB1", "\xE6", "\x97", "\xA5",    "\xCC", "\x83",
+                                 "\"", "\xED\xA0", "\xFF", "日本", "n\u0303", "📄",    ";"};
+  std::mt19937 azar(4);
+  for (int vez = 0; vez < 60; ++vez) {
+    QList<QByteArray> rutas(MaximoFavoritas, "/");
+    QStringList textos;
+    for (QByteArray& ruta : rutas) {
+      for (unsigned i = azar() % 30; i > 0; --i) {
+        const unsigned parte = azar() % 40;
+        ruta += parte < partes.size() ? partes[parte] : QByteArray(1, char(azar() % 255 + 1));
+      }
+      textos << RutaComoTexto(ruta);
+    }
+    GuardarFavoritas(gral, textos);
+    EXPECT_EQ(LeerFavoritas(gral), textos);
+    for (int i = 0; i < MaximoFavoritas; ++i) EXPECT_EQ(RutaDelSistema(textos[i]), rutas[i]);
   }
 }
 
