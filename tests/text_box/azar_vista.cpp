@@ -159,7 +159,7 @@ void AzarVista::Rodar() {
 void AzarVista::Cambiar() {
   CajaTexto& caja = banco_.caja;
   const int tamano = int(banco_.documento.Tamano());
-  switch (Hasta(7)) {
+  switch (Hasta(8)) {
     case 0:
       accion_ = "size";
       return caja.resize(60 + Hasta(400), 40 + Hasta(200));
@@ -177,7 +177,12 @@ void AzarVista::Cambiar() {
     case 3:
       accion_ = "horizontal bar";
       return caja.horizontalScrollBar()->setValue(Hasta(caja.horizontalScrollBar()->maximum() + 1));
-    case 4:
+    case 4: {
+      accion_ = "colours";
+      const auto color = [&] { return QColor::fromRgb(QRgb(Hasta(1 << 24))); };
+      return caja.PonerColores(color(), Hasta(2) ? color() : Qt::white);
+    }
+    case 7:
       return CambiarDesdeFuera();
     case 5:
       return Componer();
@@ -226,6 +231,7 @@ std::unique_ptr<CajaTexto> AzarVista::Gemela(Documento& documento) {
                      ? CajaTexto::Ajuste::AlAncho
                      : CajaTexto::Ajuste::SinAjustar);
   gemela->PonerFuente(caja.Fuente());
+  gemela->PonerColores(caja.ColorTexto(), caja.ColorFondo());
   gemela->resize(caja.size());
   gemela->show();
   Reposar(*gemela);
