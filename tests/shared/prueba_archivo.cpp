@@ -103,6 +103,9 @@ TEST_F(Archivo, what_is_no_regular_file_is_refused_without_waiting) {
     EXPECT_EQ(Abrir(ruta, LectorArchivo::SiFalta::Crear), codigo) << qPrintable(ruta);
   }
   EXPECT_EQ(Guardar(carpeta.Ruta("falta"), "x"), ENOENT);
+  Permitir("f", 0444);  // without any write bit: read-only for root, too
+  EXPECT_EQ(Guardar(carpeta.Ruta("f"), "nuevo"), EACCES);
+  EXPECT_EQ(GuardarNuevo(carpeta.Ruta("f"), "nuevo"), EACCES);
   Espera("viejo y largo", {"f", "tubo"});
 }
 
@@ -114,13 +117,6 @@ TEST_F(Archivo, a_file_of_the_systems_that_gives_no_length_is_read_to_its_end) {
   EXPECT_EQ(LeerArchivo("/proc/devices").Valor(), todo);
   a_poquitos = false;
   EXPECT_GT(todo.size(), 0);
-}
-
-TEST_F(Archivo, a_file_without_any_write_bit_is_read_only_for_root_too) {
-  Permitir("f", 0444);
-  EXPECT_EQ(Guardar(carpeta.Ruta("f"), "nuevo"), EACCES);
-  EXPECT_EQ(GuardarNuevo(carpeta.Ruta("f"), "nuevo"), EACCES);
-  Espera("viejo y largo");
 }
 
 TEST_F(Archivo, all_names_of_a_file_get_the_new_content_however_little_one_call_moves) {
@@ -189,28 +185,9 @@ TEST_F(Archivo, left_overs_go_but_not_those_of_a_living_save_nor_other_files) {
   Espera("nuevo", {".velda-aB3dE.tmp", ".velda-aB3dE6-77.tmp", ".velda-viviva.tmp", "f"});
 }
 
-class ArchivoConRoot : public Archivo {
- protected:
-  void SetUp() override {
-    if (::geteuid() != 0) GTEST_SKIP() << "only root can become another user";
-    Archivo::SetUp();
-    Permitir("", 0755);
-  }
-};
-
-TEST_F(ArchivoConRoot, an_attribute_that_cannot_be_copied_stays) {
-  const QByteArray ruta = carpeta.EnSistema("f");
-  Permitir("", 0777);
-  Regalar("f");
-  if (::setxattr(ruta.constData(), "security.prueba", "x", 1, 0) < 0) {
-    GTEST_SKIP() << "no system attribute can be set here: " << strerror(errno);
-  }
-  EXPECT_EQ(ComoNadie([&] { return Guardar(carpeta.Ruta("f"), "nuevo"); }), 0);
-  Espera("nuevo");
-  EXPECT_EQ(::getxattr(ruta.constData(), "security.prueba", nullptr, 0), 1);
-}
-
-TEST_F(ArchivoConRoot, a_user_without_rights_writes_only_where_he_may) {
+TEST_F(Archivo, a_user_without_rights_writes_only_where_he_may) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only root can become another user";
+  Permitir("", 0755);
   EXPECT_EQ(ComoNadie([&] { return GuardarNuevo(carpeta.Ruta("g"), "nuevo"); }), EACCES);
   Permitir("", 0777);
   EXPECT_EQ(ComoNadie([&] { return Guardar(carpeta.Ruta("f"), "nuevo"); }), EACCES);
