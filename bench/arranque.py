@@ -1,9 +1,10 @@
 """How long the program takes from its start to its two windows on the screen, next to an empty Qt
 Widgets program with one window, with two, and with two of which one shows two digits:
     python3 bench/arranque.py build/release/bin build/release/bench/vacio [starts of each]
-The X server says when a window's inside has been drawn whole (its DAMAGE extension), on a screen of
-its own with a window manager. The programs take turns; the first round warms the caches and does
-not count.
+The X server says what is drawn on the screen (its DAMAGE extension), a screen of their own with a
+window manager; which of it filled a window is worked out once the program has settled, so that no
+picture is missed on a busy machine. The programs take turns; the first round warms the caches and
+does not count.
 """
 import ctypes
 import os
@@ -21,6 +22,7 @@ from escritorio import Escritorio  # noqa: E402
 CREADA, SUCESOS_DE_HIJAS = 16, 1 << 19  # CreateNotify; SubstructureNotifyMask
 BITS_DE_CLIENTE = 21  # of a number the upper ones tell whose window it is
 LADO_MINIMO = 50  # pixels: smaller windows are the toolkit's own helpers
+GRAN_PARTE = 0.9  # of a window's inside: the frame's measures may make it some pixels larger
 REPOSO = 0.3  # seconds without a picture after which a program has settled
 PLAZO = 20
 AJUSTES = """[PosTam]\r\nPrinIzda=615\r\nPrinArriba=615\r\nTextoEdo=0\r\nTextoIzda=3200\r
@@ -47,8 +49,14 @@ class Pintado(ctypes.Structure):
                 ("entera", ctypes.c_short * 4), ("resto", ctypes.c_long * 16)]
 
 
+def entera(zona, rectangulo):
+    """Was a window drawn from its corner on, but for what it may have grown by since?"""
+    return zona[:2] == rectangulo[:2] and \
+        zona[2] * zona[3] > GRAN_PARTE * rectangulo[2] * rectangulo[3]
+
+
 class Vigia:
-    """Sees each new window of the screen and each picture drawn in it."""
+    """Sees each new window of the screen and all that is drawn on it."""
 
     def __init__(self):
         self.x, self.damage = ctypes.CDLL("libX11.so.6"), ctypes.CDLL("libXdamage.so.1")
@@ -63,8 +71,9 @@ class Vigia:
                                                  ctypes.byref(error)):
             raise RuntimeError("the X server has no DAMAGE extension")
         self.pintado = base.value
-        self.x.XSelectInput(self.pantalla, ctypes.c_ulong(self.x.XDefaultRootWindow(self.pantalla)),
-                            ctypes.c_long(SUCESOS_DE_HIJAS))
+        self.raiz = ctypes.c_ulong(self.x.XDefaultRootWindow(self.pantalla))
+        self.x.XSelectInput(self.pantalla, self.raiz, ctypes.c_long(SUCESOS_DE_HIJAS))
+        self.damage.XDamageCreate(self.pantalla, self.raiz, 0)  # level 0: the raw rectangles
         self.x.XSync(self.pantalla, 1)
 
     def suceso(self, limite):
@@ -79,29 +88,41 @@ class Vigia:
         self.x.XNextEvent(self.pantalla, ctypes.byref(visto))
         return visto, ahora
 
-    def seguir(self, ventana):
-        """Every rectangle drawn from now on is told (level 0, the raw rectangles)."""
-        self.damage.XDamageCreate(self.pantalla, ctypes.c_ulong(ventana), 0)
-        self.x.XFlush(self.pantalla)
-
     def ver(self, ventanas, comienzo):
         """Seconds until each of so many windows of one program was drawn whole, and until the last
         such picture."""
-        programa, primeras, ultima = None, {}, comienzo
-        while hallado := self.suceso(ultima + (REPOSO if len(primeras) == ventanas else PLAZO)):
-            suceso, ahora = hallado
+        programa, suyas, pintadas, visto = None, set(), [], comienzo
+        while time.monotonic() < comienzo + PLAZO:
+            hallado = self.suceso(visto + REPOSO)
+            if not hallado:  # it has settled: are they all there?
+                visto = time.monotonic()
+                veces = [[cuando for cuando, zona in pintadas if entera(zona, rectangulo)]
+                         for rectangulo in map(self.rectangulo, suyas)]
+                veces = [una for una in veces if una]
+                if len(veces) == ventanas:
+                    return (max(una[0] for una in veces) - comienzo,
+                            max(una[-1] for una in veces) - comienzo)
+                continue
+            suceso, visto = hallado
             if suceso.tipo == CREADA and min(suceso.ancho, suceso.alto) >= LADO_MINIMO:
                 programa = programa or suceso.ventana >> BITS_DE_CLIENTE
                 if suceso.ventana >> BITS_DE_CLIENTE == programa:  # not the frame around it
-                    self.seguir(suceso.ventana)
+                    suyas.add(suceso.ventana)
             elif suceso.tipo == self.pintado:
-                zona = ctypes.cast(ctypes.byref(suceso), ctypes.POINTER(Pintado)).contents
-                if zona.zona[2:] == zona.entera[2:]:
-                    primeras.setdefault(zona.ventana, ahora)
-                    ultima = ahora
-        if len(primeras) != ventanas:
-            raise AssertionError(f"{len(primeras)} windows drawn instead of {ventanas}")
-        return max(primeras.values()) - comienzo, ultima - comienzo
+                zona = ctypes.cast(ctypes.byref(suceso), ctypes.POINTER(Pintado)).contents.zona
+                pintadas.append((visto, tuple(zona)))
+        raise AssertionError(f"{len(suyas)} windows made, not {ventanas} of them drawn")
+
+    def rectangulo(self, ventana):
+        """x, y, width, height on the screen; zeros for a window that is not there any more."""
+        x, y, ancho, alto, otro = ctypes.c_int(), ctypes.c_int(), *(ctypes.c_uint() for _ in range(3))
+        madre, ventana = ctypes.c_ulong(), ctypes.c_ulong(ventana)
+        referencias = map(ctypes.byref, (madre, x, y, ancho, alto, otro, otro))
+        if not self.x.XGetGeometry(self.pantalla, ventana, *referencias):
+            return 0, 0, 0, 0
+        self.x.XTranslateCoordinates(self.pantalla, ventana, self.raiz, 0, 0,
+                                     *map(ctypes.byref, (x, y, madre)))
+        return x.value, y.value, ancho.value, alto.value
 
 
 def arrancar(vigia, orden, ventanas):
