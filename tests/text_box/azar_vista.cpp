@@ -71,8 +71,9 @@ std::string AzarVista::Paso() {
   Reposar(caja);
   tapadera_.hide();
   QApplication::processEvents();
-  if (!AlDia() || accion_.ends_with("drawn"))
+  if (!AlDia() || accion_.ends_with("drawn")) {
     return accion_ + ": the screen was not brought up to date";
+  }
   if (seguido && !CambioALaVista(cursor)) return accion_ + ": what changed is out of sight";
   return Comparar();
 }
