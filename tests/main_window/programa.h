@@ -112,6 +112,57 @@ class Programa : public testing::Test {
     return nombres;
   }
 
+  // What is in the text window in one line: "name: text", with a "*" behind the name while the save
+  // panel is there.
+  QString Estado() const {
+    QString nombre = Titulo().remove("Archivo: ").remove(Ruta("") + u'/');
+    return nombre + (Panel() ? "*: " : ": ") + QString::fromUtf8(EnCaja());
+  }
+  void Hacer(const QString& paso) {
+    const QString que = paso.section(' ', 0, 0);
+    const QString con = paso.section(' ', 1);
+    const QString ruta = con.isEmpty() || con.startsWith('/') ? con : Ruta(con);
+    if (que == "disco") {
+      Archivo(con.section('=', 0, 0), con.section('=', 1).toUtf8());
+    } else if (que == "abrir") {
+      Abrir(ruta);
+    } else if (que == "escribir") {
+      Escribir(con);
+    } else if (que == "tecla") {
+      const QKeyCombination tecla = QKeySequence(con)[0];
+      QTest::keyClick(Caja(), tecla.key(), tecla.keyboardModifiers());
+    } else if (que == "guardar") {
+      escritorio.dialogos.respuesta = ruta;
+      Texto()->DarFoco();
+      Texto()->CmdGuardar_Click();
+      escritorio.dialogos.respuesta.clear();
+    } else if (que == "cancelar") {
+      Texto()->CmdCancelar_Click();
+    } else if (que == "icono") {
+      PulsarIcono(con.toInt());
+    } else if (que == "entrada") {
+      Lista()->Seleccionar(con.toInt());
+      PulsarEntrada();
+    } else if (que == "lista") {
+      TeclaEnLista(static_cast<Qt::Key>(QKeySequence(con)[0].key()));
+    } else if (que == "volver") {
+      Texto()->DarFoco();
+      principal->DarFoco();
+      Texto()->DarFoco();
+    } else if (que == "cerrar") {
+      Texto()->Cerrar();
+    } else {
+      ADD_FAILURE() << "no such step: " << qPrintable(paso);
+    }
+  }
+  // Steps, each with what is in the text window then; none: it is not looked at.
+  void Pasos(const std::vector<std::pair<QString, QString>>& pasos) {
+    for (const auto& [paso, estado] : pasos) {
+      Hacer(paso);
+      EXPECT_TRUE(estado.isEmpty() || Estado() == estado) << qPrintable(paso + ": " + Estado());
+    }
+  }
+
   CarpetaDePrueba carpeta;
   AjustesAnotados ajustes;
   EscritorioFalso escritorio;
