@@ -29,18 +29,6 @@ TEST_F(Menu, hovering_names_the_command_and_shows_one_highlight) {
   EXPECT_EQ(rotulo(), vacio);
 }
 
-// One gesture, one command; the click after it is another.
-TEST_F(Menu, a_double_click_runs_its_command_once) {
-  AbrirTodos({"a", "b", "c", "d"});
-  gral->opciones.Confirmar = false;
-  for (const int enviadas : {1, 2}) {
-    QTest::mouseClick(Hijo("ImgMenu", 2), Qt::LeftButton);
-    QTest::mouseDClick(Hijo("ImgMenu", 2), Qt::LeftButton);  // its second press
-    QTest::mouseRelease(Hijo("ImgMenu", 2), Qt::LeftButton);
-    EXPECT_EQ(escritorio.papelera.enviadas.size(), enviadas);
-  }
-}
-
 TEST_F(Menu, a_screen_reader_finds_windows_and_buttons_and_presses_an_icon_from_the_text) {
   Abrir(Archivo("a.txt", "a"));
   auto* dibujo = QAccessible::queryAccessibleInterface(Hijo("ImgSel", 4));
@@ -74,20 +62,17 @@ TEST_F(Menu, visible_goes_to_and_fro_and_is_named_by_its_state) {
 }
 
 TEST_F(Menu, previous_and_next_do_not_wrap_around) {
-  PulsarIcono(8);
-  PulsarIcono(7);
-  EXPECT_EQ(gral->ArchivoActual, QString()) << "an empty list";
+  Pasos({{"icono 8", "?: "}, {"icono 7", "?: "}});
   AbrirTodos({"a", "b"});
-  for (const auto& [icono, esperado] :
-       {std::pair{8, "b"}, {7, "a"}, {7, "a"}, {8, "b"}, {8, "b"}}) {
-    PulsarIcono(icono);
-    EXPECT_EQ(EnCaja(), esperado);
-  }
+  Pasos({{"icono 8", "b: b"}, {"icono 7", "a: a"}, {"icono 7", "a: a"}, {"icono 8", "b: b"}});
   Lista()->clearSelection();
-  PulsarIcono(7);
-  EXPECT_EQ(EnCaja(), "b") << "previous of nothing";
-  PulsarIcono(8);
-  EXPECT_EQ(EnCaja(), "a") << "next of nothing is the first";
+  Pasos({{"icono 7", "b: b"}, {"icono 8", "a: a"}});  // next of nothing is the first
+  gral->opciones.Confirmar = false;
+  QTest::mouseDClick(Hijo("ImgMenu", 2), Qt::LeftButton);  // only the second press of a gesture
+  QTest::mouseRelease(Hijo("ImgMenu", 2), Qt::LeftButton);
+  EXPECT_EQ(escritorio.papelera.enviadas.size(), 0);
+  QTest::mouseClick(Hijo("ImgMenu", 2), Qt::LeftButton);
+  EXPECT_EQ(escritorio.papelera.enviadas.size(), 1);
 }
 
 TEST_F(Menu, open_asks_from_the_last_folder_and_a_cancel_changes_nothing) {

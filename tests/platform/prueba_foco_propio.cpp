@@ -47,36 +47,4 @@ TEST(PeticionesFoco, an_activation_is_told_from_the_user_s_by_what_is_still_unde
   EXPECT_EQ(Respuestas("+b!b-bb?"), "U") << "closed, and there again";
 }
 
-struct Anotada final : Activable {
-  Anotada(char letra, std::string& notas) : letra_(letra), notas_(notas) {}
-  void Form_Activate() override {
-    notas_ += {'+', letra_};
-    if (foco != nullptr) foco->Mover(*destino);
-  }
-  void Form_Deactivate() override { notas_ += {'-', letra_}; }
-  FocoPropio* foco = nullptr;  // moved on from the activation
-  Activable* destino = nullptr;
-
- private:
-  char letra_;
-  std::string& notas_;
-};
-
-TEST(FocoPropio, handlers_run_inside_the_move_and_may_move_it_on) {
-  std::string notas;
-  Anotada a('a', notas);
-  Anotada b('b', notas);
-  FocoPropio foco;
-  foco.Mover(a);
-  foco.Mover(a);
-  b.foco = &foco;
-  b.destino = &a;
-  foco.Mover(b);
-  EXPECT_EQ(notas, "+a-a+b-b+a");
-  foco.Olvidar(b);
-  EXPECT_EQ(foco.Activa(), &a);
-  foco.Olvidar(a);
-  EXPECT_EQ(foco.Activa(), nullptr);
-}
-
 }  // namespace

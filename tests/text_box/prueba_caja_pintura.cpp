@@ -154,12 +154,3 @@ TEST(CajaPintura, a_caret_far_inside_an_enormous_line_is_in_sight_once_its_row_i
     EXPECT_FALSE(cursor.isEmpty());
   }
 }
-
-TEST(CajaPintura, another_text_is_shown_from_its_start) {
-  BancoCaja banco;
-  banco.Poner(std::string(1000, '\n') + "|");
-  EXPECT_GT(banco.caja.Arriba(), 0);
-  banco.documento.Poner(std::string(2000, '\n'));
-  EXPECT_EQ(banco.caja.Arriba(), 0);
-  EXPECT_EQ(banco.caja.Cursor(), 0);
-}

