@@ -2,6 +2,8 @@
 screen reader's bus and home folder, all private and gone afterwards. Nothing sleeps for a fixed
 time: what is expected is waited for, and named when it does not come.
 """
+import configparser
+import contextlib
 import os
 import pathlib
 import re
@@ -43,16 +45,11 @@ def esperar(que, condicion, plazo=PLAZO):
 
 
 def esperar_valor(que, leer, esperado, plazo=PLAZO):
-    visto = None
-
-    def igual():
-        nonlocal visto
-        visto = leer()
-        return visto == esperado
+    vistos = []
     try:
-        esperar(que, igual, plazo)
+        esperar(que, lambda: vistos.append(leer()) or vistos[-1] == esperado, plazo)
     except AssertionError:
-        raise AssertionError(f"{que}: expected {esperado!r}, seen {visto!r}") from None
+        raise AssertionError(f"{que}: expected {esperado!r}, seen {vistos[-1]!r}") from None
 
 
 class Escritorio:
@@ -133,10 +130,8 @@ class Escritorio:
 
     def _apagar(self):
         for proceso in reversed(self.procesos):
-            try:
+            with contextlib.suppress(ProcessLookupError):
                 os.killpg(proceso.pid, signal.SIGKILL)
-            except ProcessLookupError:
-                pass
             proceso.wait()
         shutil.rmtree(self.raiz, ignore_errors=True)
 
@@ -176,14 +171,9 @@ class Escritorio:
 
     def ajuste(self, seccion, clave):
         """A value of the settings file without its blanks, or None."""
-        archivo = self.bin / "Velda.INI"
-        actual = None
-        for linea in archivo.read_text("cp1252").splitlines() if archivo.exists() else []:
-            if linea.startswith("["):
-                actual = linea.strip("[] ")
-            elif actual == seccion and linea.split("=")[0].strip() == clave:
-                return linea.split("=", 1)[1].strip()
-        return None
+        ajustes = configparser.ConfigParser(interpolation=None)
+        ajustes.read(self.bin / "Velda.INI", "cp1252")
+        return ajustes.get(seccion, clave, fallback=None)
 
     # --- windows
 
@@ -271,12 +261,8 @@ class Escritorio:
 
     def rectangulo(self, ventana):
         """x, y, width, height of the inside, pixels on the screen."""
-        datos = {}
-        for linea in self.orden("xwininfo", "-id", ventana).splitlines():
-            nombre, _, valor = linea.strip().partition(":")
-            datos[nombre] = valor.strip()
-        return tuple(int(datos[n]) for n in ("Absolute upper-left X", "Absolute upper-left Y",
-                                             "Width", "Height"))
+        return tuple(map(int, re.findall(r"(?:Absolute .*|Width|Height): +(-?\d+)",
+                                         self.orden("xwininfo", "-id", ventana))))
 
     def rectangulo_exterior(self, ventana):
         """The same with the frame that the window manager draws, where it tells of one."""

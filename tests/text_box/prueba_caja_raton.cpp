@@ -47,6 +47,17 @@ TEST(CajaRaton, clicks_and_drags_select_characters_words_and_lines) {
   EXPECT_EQ(banco.avisos, "");
 }
 
+TEST(CajaRaton, a_drag_back_to_the_first_word_of_a_wrapped_row_leaves_the_caret_in_that_row) {
+  BancoCaja banco;
+  banco.Poner("|" + std::string(30, 'a') + " " + std::string(30, 'b') + " ccc");
+  banco.Raton(Doble, banco.Sitio(63));
+  banco.Raton(Mover, banco.Sitio(40));
+  banco.Raton(Soltar, banco.Sitio(40));
+  EXPECT_EQ(banco.Estado(), std::string(30, 'a') + " |" + std::string(30, 'b') + " ccc^");
+  EXPECT_EQ(banco.caja.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().y(),
+            banco.Sitio(40).y() + banco.caja.viewport()->y());
+}
+
 TEST(CajaRaton, the_wheel_scrolls_three_rows_a_notch_small_turns_add_up_and_the_text_ends) {
   BancoCaja banco(CajaTexto::Ajuste::SinAjustar);
   std::string texto;
