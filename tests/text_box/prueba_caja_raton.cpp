@@ -47,6 +47,32 @@ TEST(CajaRaton, clicks_and_drags_select_characters_words_and_lines) {
   EXPECT_EQ(banco.avisos, "");
 }
 
+// The desktop would have to carry it, so it is only asked for.
+TEST(CajaRaton, what_is_selected_is_moved_by_a_drag_in_one_step_of_undo) {
+  struct : OyenteEdicion {
+    void PorQuitar(const Rango& /*rango*/) override {}
+    void CursorMovido() override {}
+    void FaltaMemoria() override {}
+  } nadie;
+  for (const auto& [pos, despues] : {std::pair{0, "cdab\r\nef"},
+                                     {1, "acdb\r\nef"},
+                                     {3, "abcd\r\nef"},
+                                     {6, "ab\r\ncdef"},
+                                     {8, "ab\r\nefcd"}}) {
+    BancoCaja banco;
+    banco.Poner("abcd\r\nef|");
+    CursorTexto cursor(banco.documento, banco.caja.Vista());
+    EdicionTexto edicion(banco.documento, cursor, nadie);
+    cursor.Llevar({2, false}, Seleccion::Quitar);
+    cursor.Llevar({4, false}, Seleccion::Extender);
+    edicion.MoverElegido(pos);
+    EXPECT_EQ(banco.documento.Copia(), despues);
+    EXPECT_EQ(banco.documento.Copia(cursor.Elegido().desde, cursor.Elegido().hasta), "cd");
+    edicion.Deshacer();
+    EXPECT_EQ(banco.documento.Copia(), "abcd\r\nef");
+  }
+}
+
 TEST(CajaRaton, a_drag_back_to_the_first_word_of_a_wrapped_row_leaves_the_caret_in_that_row) {
   BancoCaja banco;
   banco.Poner("|" + std::string(30, 'a') + " " + std::string(30, 'b') + " ccc");
