@@ -27,6 +27,14 @@ void Curvas::Empalmar(const Lineas::Empalme& empalme) {
   }
 }
 
+// What is drawn in these blocks may be other than it was.
+void Curvas::Olvidar(std::size_t desde, std::size_t hasta) {
+  for (std::size_t i = desde; i < std::min(hasta, bloques_.size()); ++i) {
+    bloques_[i] = {};
+    if (i / PorGrupo < grupos_.size()) grupos_[i / PorGrupo].antes = -1;
+  }
+}
+
 Curvas::Puesto Curvas::Pasar(const Puesto& puesto, std::size_t ultimo) const {
   if (puesto.bloque % PorGrupo != 0 || puesto.bloque + PorGrupo > ultimo) {
     return PasarBloque(puesto);
@@ -95,7 +103,7 @@ Curvas::Curva Curvas::Calcular(Posicion desde, Posicion hasta) const {
     tab += static_cast<Posicion>(std::min(donde, tramo.size()));
     if (donde != std::string_view::npos) break;
   }
-  const Punto antes = pluma_.Medir(texto, desde, tab, 0);
+  const Punto antes = pluma_.Medir(texto, desde, tab, 0, pluma_.InicioDeTramo(texto, desde));
   return {antes, tab == hasta ? SinTab : pluma_.Medir(texto, tab + 1, hasta, 0)};
 }
 

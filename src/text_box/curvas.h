@@ -27,6 +27,7 @@ class Curvas {
 
   void Reiniciar(const Avances& avances);
   void Empalmar(const Lineas::Empalme& empalme);
+  void Olvidar(std::size_t desde, std::size_t hasta);  // blocks whose neighbours have changed
   const Pluma& LaPluma() const { return pluma_; }
 
   // From one block to the next, or over a whole group where that does not lead beyond `ultimo`.

@@ -158,7 +158,7 @@ Posicion Filas::PosicionEnX(Posicion inicio, Punto x) const {
   const LectorTexto texto(*texto_);
   const Posicion fin = FinDe(inicio);
   const bool rota = fin < texto.Total() && fin > inicio && Siguiente(inicio) == fin;
-  const Posicion ultima = rota ? fin - 1 : fin;
   const Pluma& pluma = partidor_.LaPluma();
+  const Posicion ultima = rota ? pluma.Ultimo(texto, inicio, fin) : fin;
   return pluma.MasCerca(texto, pluma.Hasta(texto, inicio, ultima, 0, x), ultima, x);
 }

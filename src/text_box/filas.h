@@ -70,7 +70,7 @@ class Filas : public Renglones {
   void Resolver(Posicion pendiente, Posicion tope) const;
   void Extender(Posicion tope) const;
   void Asegurar(Posicion linea, Posicion pos) const;
-  std::size_t BloqueAnterior(std::size_t bloque) const;
+  std::size_t BloqueAnterior(std::size_t bloque, Posicion pos) const;
 
   bool Configurado() const { return partidor_.Ancho() > 0; }
   bool Pendiente(Posicion pos) const;

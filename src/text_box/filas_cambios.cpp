@@ -144,10 +144,12 @@ void Filas::Asegurar(Posicion linea, Posicion pos) const {
 }
 
 // Two whole blocks of true rows before this one. A row's break depends on what follows up to the
-// first byte that did not fit, which may lie in the next row but not beyond.
-std::size_t Filas::BloqueAnterior(std::size_t bloque) const {
+// first byte that did not fit, which may lie in the next row but not beyond; and on those that are
+// drawn together with that one.
+std::size_t Filas::BloqueAnterior(std::size_t bloque, Posicion pos) const {
   int enteros = 0;
-  while (bloque > 0 && enteros < 2) {
+  const Posicion lejos = pos - partidor_.LaPluma().Alcance();
+  while (bloque > 0 && (enteros < 2 || sumas_.Donde(bloque).bytes > lejos)) {
     --bloque;
     if (!Pendiente(sumas_.Donde(bloque).bytes)) ++enteros;
   }
@@ -156,10 +158,11 @@ std::size_t Filas::BloqueAnterior(std::size_t bloque) const {
 
 void Filas::Reemplazado(const Cambio& cambio) {
   // A row depends on the bytes of a few rows at most.
-  const Posicion lejos = sumas_.Bytes() + 4 * static_cast<Posicion>(medidas_.maximo_fila);
+  const Posicion lejos = sumas_.Bytes() + 4 * static_cast<Posicion>(medidas_.maximo_fila) +
+                         partidor_.LaPluma().Alcance();
   if (!Configurado() || cambio.pos > lejos) return;
   const Posicion fin = cambio.pos + cambio.quitados;
-  const std::size_t primero = BloqueAnterior(sumas_.PorPosicion(cambio.pos).bloque);
+  const std::size_t primero = BloqueAnterior(sumas_.PorPosicion(cambio.pos).bloque, cambio.pos);
   const Posicion inicio = sumas_.Donde(primero).bytes;
   Viejos viejos = Pasar({primero, inicio}, fin);
   viejos.inicio += cambio.puestos - cambio.quitados;

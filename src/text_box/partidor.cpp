@@ -28,6 +28,7 @@ struct Vistazo {
   std::int64_t fines = 0;    // line ends that are complete in what was looked at
   Posicion tras_ultimo = 0;  // the position behind the last one
   std::int64_t tabuladores = 0;
+  bool altos = false;  // bytes from 80 on
 };
 
 int Contar(std::uint64_t mascara) {
@@ -41,6 +42,7 @@ Vistazo Ojear(const LectorTexto& texto, Posicion desde, Posicion hasta) {
   for (Posicion pos = desde; pos < hasta; pos += Ventana) {
     const auto n = static_cast<std::size_t>(std::min(Ventana, hasta - pos));
     const Mascaras mascaras = Mirar(texto, pos, n);
+    vistazo.altos |= mascaras.alto;
     const std::uint64_t especiales = mascaras.lf | mascaras.cr | mascaras.tab;
     if (especiales == 0) continue;
     vistazo.limpio = pos + Ventana - std::countl_zero(especiales);
@@ -74,7 +76,7 @@ bool Partidor::Llenar(const LectorTexto& texto, Fila& fila, std::size_t n) const
     const std::size_t caben = pluma_.Caber(bytes + i, n - i, ancho_, fila.x);
     i += caben;
     fila.pos += static_cast<Posicion>(caben);
-    if (i == n || EsEspecial(bytes[i])) return true;
+    if (i == n || pluma_.EsEspecial(bytes[i])) return true;
     if (bytes[i] != ' ' && fila.pos > fila.inicio) return false;
     do {
       fila.x += pluma_.Ancho(bytes[i]);
@@ -85,8 +87,50 @@ bool Partidor::Llenar(const LectorTexto& texto, Fila& fila, std::size_t n) const
   }
 }
 
-Posicion Partidor::Cortar(const LectorTexto& texto, const Fila& fila) {
-  const Posicion corte = TrasUltimoBlanco(texto, fila.tras_tab, fila.pos);
+// Does what comes next cling to the row's last byte?
+bool Partidor::Pegado(const LectorTexto& texto, const Fila& fila) const {
+  return fila.pos > fila.tras_tab && texto.En(fila.pos - 1) < 0x80 &&
+         pluma_.SigueAlByte(texto, fila.pos);
+}
+
+// Puts the next characters of several bytes into the row, with the byte before to which the first
+// of them may cling; false where fila.pos must not be there.
+bool Partidor::LlenarSignos(const LectorTexto& texto, Fila& fila, Posicion tope) const {
+  Signos& signos = *pluma_.LosSignos();
+  if (Pegado(texto, fila)) {
+    --fila.pos;
+    fila.x -= pluma_.Ancho(texto.En(fila.pos));
+  }
+  Paseo paseo(signos, texto, fila.pos);
+  const Signos::Signo* antes = nullptr;
+  if (fila.pos > fila.inicio && texto.En(fila.pos - 1) < 0x80)
+    antes = &signos.De(texto.En(fila.pos - 1));
+  do {
+    if (antes != nullptr && Signos::Rompible(*antes, paseo.Primero())) fila.corte = fila.pos;
+    antes = &paseo.Primero();
+    if (fila.pos > fila.inicio) {
+      if (fila.x + paseo.Ancho() > ancho_) return false;
+      if (paseo.Hasta() > tope) {
+        fila.corte = fila.pos;
+        return false;
+      }
+    }
+    fila.x += paseo.Ancho();
+    fila.pos = paseo.Hasta();
+  } while (fila.pos < tope && paseo.Seguir());
+  const int byte = texto.EnOFin(fila.pos);
+  if (byte > ' ' && byte < 0x80 && Signos::Rompible(*antes, signos.De(static_cast<char32_t>(byte))))
+    fila.corte = fila.pos;
+  return true;
+}
+
+// A blank to which something clings is none.
+Posicion Partidor::Cortar(const LectorTexto& texto, const Fila& fila) const {
+  const Posicion minimo = std::max(fila.tras_tab, fila.corte);
+  Posicion corte = TrasUltimoBlanco(texto, minimo, fila.pos);
+  while (corte > minimo && corte < texto.Total() && pluma_.EsParte(texto.En(corte)) &&
+         pluma_.SigueAlByte(texto, corte))
+    corte = TrasUltimoBlanco(texto, minimo, corte - 1);
   return corte > fila.inicio ? corte : fila.pos;
 }
 
@@ -97,7 +141,7 @@ Posicion Partidor::Siguiente(const LectorTexto& texto, Posicion inicio) const {
 // As Siguiente, when the first `libres` bytes are known to hold no tab or line end and to fit.
 Posicion Partidor::Romper(const LectorTexto& texto, Posicion inicio, Posicion libres) const {
   const Posicion tope = std::min(texto.Total(), inicio + maximo_fila_);
-  Fila fila{inicio, inicio + libres, 0, inicio};
+  Fila fila{inicio, inicio + libres, 0, inicio, inicio};
   if (libres > 0) fila.x = pluma_.Sumar(texto.Desde(inicio), static_cast<std::size_t>(libres));
   while (fila.pos < tope) {
     const unsigned char byte = texto.En(fila.pos);
@@ -109,13 +153,21 @@ Posicion Partidor::Romper(const LectorTexto& texto, Posicion inicio, Posicion li
       fila.tras_tab = ++fila.pos;
       continue;
     }
+    if (pluma_.EsParte(byte)) {
+      if (!LlenarSignos(texto, fila, tope)) return Cortar(texto, fila);
+      continue;
+    }
     if (Sobra(byte, fila)) return Cortar(texto, fila);
     const Posicion n = std::min(tope, texto.FinDePieza(fila.pos)) - fila.pos;
     if (!Llenar(texto, fila, static_cast<std::size_t>(n))) return Cortar(texto, fila);
   }
-  if (tope == texto.Total()) return -1;
-  const unsigned char byte = texto.En(tope);
-  return byte == '\n' || byte == '\r' ? texto.TrasElFin(tope) : tope;
+  // The row is full, but not before what clings to its last byte.
+  if (fila.pos < texto.Total() && pluma_.EsParte(texto.En(fila.pos)) && Pegado(texto, fila) &&
+      !LlenarSignos(texto, fila, tope))
+    return Cortar(texto, fila);
+  if (fila.pos == texto.Total()) return -1;
+  const unsigned char byte = texto.En(fila.pos);
+  return byte == '\n' || byte == '\r' ? texto.TrasElFin(fila.pos) : fila.pos;
 }
 
 // Several short lines go at once: within so many bytes as fit whatever they are, a row ends with
@@ -132,10 +184,11 @@ Partidor::Marcha Partidor::Bajar(const LectorTexto& texto, Posicion inicio, Posi
     if (rotas < 2 && visto - marcha.inicio < seguro_ / 2) {
       const Posicion desde = std::max(visto, marcha.inicio);
       const Vistazo vistazo = Ojear(texto, desde, fin);
-      const bool caben =
-          vistazo.tabuladores == 0 ||
-          (fin - marcha.inicio) * pluma_.Maximo() + vistazo.tabuladores * pluma_.Tabulador() <=
-              ancho_;
+      const bool partes = vistazo.altos && pluma_.LosSignos() != nullptr;
+      const bool caben = !partes && (vistazo.tabuladores == 0 ||
+                                     (fin - marcha.inicio) * pluma_.Maximo() +
+                                             vistazo.tabuladores * pluma_.Tabulador() <=
+                                         ancho_);
       if (caben && vistazo.fines > 0 && vistazo.fines <= maximo - marcha.filas) {
         visto = vistazo.limpio <= vistazo.tras_ultimo ? fin : vistazo.tras_ultimo;
         marcha.inicio = vistazo.tras_ultimo;
@@ -143,7 +196,7 @@ Partidor::Marcha Partidor::Bajar(const LectorTexto& texto, Posicion inicio, Posi
         rotas = 0;
         continue;
       }
-      if (vistazo.limpio == desde) visto = fin;
+      if (vistazo.limpio == desde && !partes) visto = fin;
     }
     const Posicion libres = std::max<Posicion>(std::min(visto, fin) - marcha.inicio, 0);
     const Posicion siguiente = Romper(texto, marcha.inicio, libres);

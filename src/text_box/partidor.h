@@ -1,9 +1,10 @@
 // Breaks text into rows of a width: the rule, and the fast way to apply it.
 //
-// A row ends at its line's end. A row that is too wide ends after its last blank or tab; without
-// one, before the first byte that does not fit, but it holds at least one byte. Blanks at the
-// edge hang over it: they never start a row. A tab does not hang: the one whose stop lies beyond
-// the edge starts the next row. A row holds at most `maximo_fila` bytes.
+// A row ends at its line's end. A row that is too wide ends after its last blank or tab, or beside
+// its last ideograph, whichever comes last; without one, before the first cluster that does not
+// fit, but it holds at least one. Blanks at the edge hang over it: they never start a row. A tab
+// does not hang: the one whose stop lies beyond the edge starts the next row. A row holds at most
+// `maximo_fila` bytes, or one cluster.
 #pragma once
 
 #include <cstdint>
@@ -38,11 +39,14 @@ class Partidor {
     Posicion pos = 0;  // what comes next
     Punto x = 0;
     Posicion tras_tab = 0;  // after its last tab
+    Posicion corte = 0;     // its last place beside an ideograph
   };
   Posicion Romper(const LectorTexto& texto, Posicion inicio, Posicion libres) const;
   inline bool Sobra(unsigned char byte, const Fila& fila) const;
   inline bool Llenar(const LectorTexto& texto, Fila& fila, std::size_t n) const;
-  inline static Posicion Cortar(const LectorTexto& texto, const Fila& fila);
+  bool LlenarSignos(const LectorTexto& texto, Fila& fila, Posicion tope) const;
+  inline Posicion Cortar(const LectorTexto& texto, const Fila& fila) const;
+  bool Pegado(const LectorTexto& texto, const Fila& fila) const;
 
   Pluma pluma_;
   Punto ancho_ = 0;

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr std::int32_t DemasiadoAncho = 1 << 27;  // two million pixels; eight of them fit 32 bits
-
 // Sums of two bytes from the table; eight bytes are one read of the text.
 std::int32_t SumarDos(const Pluma::Pares& pares, const unsigned char* bytes) {
   std::uint16_t dos = 0;
@@ -38,7 +36,8 @@ Punto SumarDieciseis(const Pluma::Pares& pares, const unsigned char* bytes) {
 // Where a row ends is as good as chance: all eight are looked at, without a branch.
 std::size_t CaberOcho(const Pluma::Pares& pares, const Pluma::Solos& solos,
                       const unsigned char* bytes, Punto limite, Punto& x) {
-  const auto resto = static_cast<std::int32_t>(std::min<Punto>(limite - x, DemasiadoAncho - 1));
+  constexpr Punto mayor = (1 << 27) - 1;  // a special byte is wider
+  const auto resto = static_cast<std::int32_t>(std::min(limite - x, mayor));
   std::int32_t suma = 0;
   std::int32_t dentro = 0;
   std::size_t caben = 0;
@@ -68,10 +67,12 @@ Pluma::Pluma() {
   pares_ = ceros;
 }
 
-Pluma::Pluma(const Avances& avances) : avances_(avances), solos_(avances.ancho) {
+Pluma::Pluma(const Avances& avances)
+    : avances_(avances), signos_(avances.signos.get()), solos_(avances.ancho) {
   uniforme_ = avances.ancho[0] > 0;
   for (std::size_t i = 0; i < solos_.size(); ++i) {
-    if (EsEspecial(static_cast<unsigned char>(i))) {
+    const auto byte = static_cast<unsigned char>(i);
+    if (::EsEspecial(byte) || EsParte(byte)) {
       solos_[i] = DemasiadoAncho;
       continue;
     }
@@ -97,7 +98,8 @@ std::size_t Pluma::Caber(const unsigned char* bytes, std::size_t n, Punto limite
   if (uniforme_) {
     const Punto resto = limite - x;
     if (resto < maximo_) return 0;
-    n = HastaEspecial(bytes, std::min(n, static_cast<std::size_t>(resto / maximo_)));
+    n = std::min(n, static_cast<std::size_t>(resto / maximo_));
+    n = signos_ == nullptr ? HastaEspecial<false>(bytes, n) : HastaEspecial<true>(bytes, n);
     x += static_cast<Punto>(n) * maximo_;
     return n;
   }
@@ -116,28 +118,75 @@ std::size_t Pluma::Caber(const unsigned char* bytes, std::size_t n, Punto limite
   return i;
 }
 
-Punto Pluma::Medir(const LectorTexto& texto, Posicion desde, Posicion hasta, Punto x) const {
-  while (desde < hasta) {
-    const std::string_view tramo = texto.Tramo(desde, hasta);
-    const std::size_t tab = std::min(tramo.find('\t'), tramo.size());
-    x += Sumar(texto.Desde(desde), tab);
-    desde += static_cast<Posicion>(tab);
-    if (tab == tramo.size()) continue;
-    x = Tabular(x);
-    ++desde;
+// How many bytes of a stretch stand before the first tab or part of a character.
+std::size_t Pluma::HastaSuelto(std::string_view tramo) const {
+  if (signos_ == nullptr) return std::min(tramo.find('\t'), tramo.size());
+  return HastaEspecial<true>(reinterpret_cast<const unsigned char*>(tramo.data()), tramo.size());
+}
+
+bool Pluma::SigueAlByte(const LectorTexto& texto, Posicion pos) const {
+  return Signos::Pegado(signos_->De(texto.En(pos - 1)), signos_->De(Utf8::Leer(texto, pos).codigo));
+}
+
+// To the start of the cluster to which the character clings that comes next, behind `desde`.
+Renglones::Corte Pluma::Retroceder(const LectorTexto& texto, const Renglones::Corte& donde,
+                                   Posicion desde) const {
+  if (donde.pos == desde || texto.En(donde.pos - 1) >= 0x80 || !SigueAlByte(texto, donde.pos))
+    return donde;
+  return {donde.pos - 1, donde.x - Ancho(texto.En(donde.pos - 1))};
+}
+
+Punto Pluma::Medir(const LectorTexto& texto, Posicion desde, Posicion hasta, Punto x,
+                   Posicion tramo) const {
+  const Posicion inicio = desde;
+  for (desde = tramo; desde < hasta;) {
+    const std::string_view bytes = texto.Tramo(desde, hasta);
+    const std::size_t n = desde < inicio ? 0 : HastaSuelto(bytes);
+    x += Sumar(texto.Desde(desde), n);
+    desde += static_cast<Posicion>(n);
+    const bool al_final = n == bytes.size() && (desde < hasta || signos_ == nullptr);
+    if (al_final || desde == texto.Total()) continue;
+    if (desde < inicio || EsParte(texto.En(desde))) {
+      const Renglones::Corte base = Retroceder(texto, {desde, x}, std::min(inicio, desde));
+      if (desde == hasta && base.pos == desde) break;
+      x = base.x;
+      Paseo paseo(*signos_, texto, base.pos);
+      do {
+        if (paseo.Desde() >= hasta) return x;
+        if (paseo.Desde() >= inicio) x += paseo.Ancho();
+      } while (paseo.Seguir());
+      desde = paseo.Hasta();
+    } else if (desde < hasta) {
+      x = Tabular(x);
+      ++desde;
+    }
   }
   return x;
 }
 
 Renglones::Corte Pluma::Hasta(const LectorTexto& texto, Posicion desde, Posicion hasta, Punto x,
-                              Punto limite) const {
-  while (desde < hasta) {
-    const std::string_view tramo = texto.Tramo(desde, std::min(hasta, desde + 256));
-    const std::size_t tab = std::min(tramo.find('\t'), tramo.size());
-    const std::size_t caben = Caber(texto.Desde(desde), tab, limite, x);
+                              Punto limite, Posicion tramo) const {
+  const Posicion inicio = desde;
+  for (desde = tramo; desde < hasta;) {
+    const std::string_view bytes = texto.Tramo(desde, std::min(hasta, desde + 256));
+    const std::size_t n = desde < inicio ? 0 : HastaSuelto(bytes);
+    const std::size_t caben = Caber(texto.Desde(desde), n, limite, x);
     desde += static_cast<Posicion>(caben);
-    if (caben < tab) break;
-    if (tab == tramo.size()) continue;
+    if (caben < n) break;
+    if (n == bytes.size()) continue;
+    if (desde < inicio || EsParte(texto.En(desde))) {
+      const Renglones::Corte base = Retroceder(texto, {desde, x}, std::min(inicio, desde));
+      x = base.x;
+      Paseo paseo(*signos_, texto, base.pos);
+      do {
+        if (paseo.Desde() < inicio) continue;
+        if (paseo.Desde() >= hasta || x + paseo.Ancho() > limite)
+          return {paseo.Desde(), x, paseo.Hasta(), x + paseo.Ancho()};
+        x += paseo.Ancho();
+      } while (paseo.Seguir());
+      desde = paseo.Hasta();
+      continue;
+    }
     if (Tabular(x) > limite) break;
     x = Tabular(x);
     ++desde;
@@ -145,9 +194,32 @@ Renglones::Corte Pluma::Hasta(const LectorTexto& texto, Posicion desde, Posicion
   return {desde, x};
 }
 
-Posicion Pluma::MasCerca(const LectorTexto& texto, const Renglones::Corte& corte, Posicion ultima,
+Posicion Pluma::MasCerca(const LectorTexto& texto, Renglones::Corte corte, Posicion ultima,
                          Punto x) const {
   if (corte.pos >= ultima) return ultima;
-  const Punto siguiente = Medir(texto, corte.pos, corte.pos + 1, corte.x);
-  return x - corte.x < siguiente - x ? corte.pos : corte.pos + 1;
+  if (corte.fin < 0) {
+    corte.fin = corte.pos + 1;
+    corte.x_fin = Medir(texto, corte.pos, corte.fin, corte.x);
+    // Something may cling to it.
+    if (signos_ != nullptr) corte.fin = Paseo(*signos_, texto, corte.pos).Hasta();
+  }
+  return x - corte.x < corte.x_fin - x ? corte.pos : corte.fin;
+}
+
+Posicion Pluma::Ultimo(const LectorTexto& texto, Posicion desde, Posicion hasta) const {
+  if (signos_ == nullptr || texto.En(hasta - 1) < 0x80) return hasta - 1;
+  Posicion ultimo = desde;
+  while (desde < hasta) {
+    Paseo paseo(*signos_, texto, desde);
+    do {
+      if (paseo.Desde() >= hasta) return ultimo;
+      ultimo = paseo.Desde();
+    } while (paseo.Seguir());
+    desde = paseo.Hasta();
+  }
+  return ultimo;
+}
+
+Posicion Pluma::InicioDeTramo(const LectorTexto& texto, Posicion pos) const {
+  return signos_ == nullptr ? pos : signos_->InicioDeTramo(texto, pos);
 }

@@ -18,16 +18,23 @@ std::uint64_t Iguales(__m128i dieciseis, char byte) {
       _mm_movemask_epi8(_mm_cmpeq_epi8(dieciseis, _mm_set1_epi8(byte))));
 }
 
+std::uint64_t Altos(__m128i dieciseis) {
+  return static_cast<std::uint64_t>(_mm_movemask_epi8(dieciseis));
+}
+
 // A bit for each of sixteen bytes.
+template <bool ConAltos>
 std::uint64_t Especiales(const unsigned char* bytes) {
   const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
-  return Iguales(v, '\n') | Iguales(v, '\r') | Iguales(v, '\t');
+  return Iguales(v, '\n') | Iguales(v, '\r') | Iguales(v, '\t') | (ConAltos ? Altos(v) : 0);
 }
 
 Mascaras MirarTodos(const unsigned char* bytes) {
   Mascaras mascaras;
+  __m128i todos = _mm_setzero_si128();
   for (int i = 0; i < 64; i += 16) {
     const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + i));
+    todos = _mm_or_si128(todos, v);
     // Most of a text is none of the three: all of them are 13 at most.
     const __m128i pequenos = _mm_cmpeq_epi8(_mm_min_epu8(v, _mm_set1_epi8('\r')), v);
     if (_mm_movemask_epi8(pequenos) == 0) continue;
@@ -35,14 +42,17 @@ Mascaras MirarTodos(const unsigned char* bytes) {
     mascaras.cr |= Iguales(v, '\r') << i;
     mascaras.tab |= Iguales(v, '\t') << i;
   }
+  mascaras.alto = Altos(todos) != 0;
   return mascaras;
 }
 
 #else
 
+template <bool ConAltos>
 std::uint64_t Especiales(const unsigned char* bytes) {
   std::uint64_t bits = 0;
-  for (int i = 0; i < 16; ++i) bits |= std::uint64_t{EsEspecial(bytes[i])} << i;
+  for (int i = 0; i < 16; ++i)
+    bits |= std::uint64_t{EsEspecial(bytes[i]) || (ConAltos && bytes[i] >= 0x80)} << i;
   return bits;
 }
 
@@ -52,6 +62,7 @@ Mascaras MirarTodos(const unsigned char* bytes) {
     mascaras.lf |= std::uint64_t{bytes[i] == '\n'} << i;
     mascaras.cr |= std::uint64_t{bytes[i] == '\r'} << i;
     mascaras.tab |= std::uint64_t{bytes[i] == '\t'} << i;
+    mascaras.alto = mascaras.alto || bytes[i] >= 0x80;
   }
   return mascaras;
 }
@@ -84,17 +95,24 @@ Mascaras Mirar(const LectorTexto& texto, Posicion pos, std::size_t n) {
     mascaras = MirarTodos(copia.data());
   }
   const std::uint64_t validos = (std::uint64_t{1} << n) - 1;
-  return {mascaras.lf & validos, mascaras.cr & validos, mascaras.tab & validos};
+  return {mascaras.lf & validos, mascaras.cr & validos, mascaras.tab & validos, mascaras.alto};
 }
 
+template <bool ConAltos>
 std::size_t HastaEspecial(const unsigned char* bytes, std::size_t n) {
-  if (n < 16) return static_cast<std::size_t>(std::find_if(bytes, bytes + n, EsEspecial) - bytes);
+  const auto especial = [](unsigned char byte) {
+    return EsEspecial(byte) || (ConAltos && byte >= 0x80);
+  };
+  if (n < 16) return static_cast<std::size_t>(std::find_if(bytes, bytes + n, especial) - bytes);
   for (std::size_t i = 0;; i = std::min(i + 16, n - 16)) {
-    const std::uint64_t especiales = Especiales(bytes + i);
+    const std::uint64_t especiales = Especiales<ConAltos>(bytes + i);
     if (especiales != 0) return i + static_cast<std::size_t>(std::countr_zero(especiales));
     if (i == n - 16) return n;
   }
 }
+
+template std::size_t HastaEspecial<false>(const unsigned char* bytes, std::size_t n);
+template std::size_t HastaEspecial<true>(const unsigned char* bytes, std::size_t n);
 
 std::int64_t ContarFines(std::string_view bytes, int siguiente) {
   if (bytes.empty()) return 0;

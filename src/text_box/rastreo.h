@@ -12,6 +12,7 @@ struct Mascaras {
   std::uint64_t lf = 0;
   std::uint64_t cr = 0;
   std::uint64_t tab = 0;
+  bool alto = false;  // is there a byte from 80 on, here or close behind?
 };
 // The `n` bytes from `pos` on, 0 < n <= 64, all of one piece.
 Mascaras Mirar(const LectorTexto& texto, Posicion pos, std::size_t n);
@@ -26,7 +27,8 @@ inline std::uint64_t Fines(const Mascaras& mascaras, std::size_t n, int siguient
 constexpr bool EsEspecial(unsigned char byte) {
   return byte == '\n' || byte == '\r' || byte == '\t';
 }
-// How many of the `n` bytes stand before the first tab or line end.
+// How many of the `n` bytes stand before the first tab or line end, or byte from 80 on `ConAltos`.
+template <bool ConAltos>
 std::size_t HastaEspecial(const unsigned char* bytes, std::size_t n);
 
 // How many line ends are complete in `bytes`, with `siguiente` as above.

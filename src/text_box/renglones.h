@@ -3,8 +3,11 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 
 #include "text_box/bytes.h"
+
+class Signos;
 
 // 26.6 fixed point, a sixty-fourth of a pixel: widths are added up, never rounded on the way.
 using Punto = std::int64_t;
@@ -16,6 +19,8 @@ inline constexpr Punto Pixel = 64;  // in points
 struct Avances {
   std::array<std::int32_t, 256> ancho{};
   std::int32_t tabulador = 0;  // > 0
+  // In a text of several bytes a character: what those from 80 on do, whose entries are not used.
+  std::shared_ptr<Signos> signos;
   bool operator==(const Avances&) const = default;
 };
 
@@ -62,6 +67,9 @@ class Renglones {
   struct Corte {
     Posicion pos = 0;
     Punto x = 0;
+    // The end of the cluster there and x behind it, where it is one of several bytes; else -1.
+    Posicion fin = -1;
+    Punto x_fin = 0;
   };
   virtual Corte CorteEnX(Posicion inicio, Punto x) const = 0;
 

@@ -39,7 +39,10 @@ Punto RenglonesLineas::XDe(Posicion inicio, Posicion pos) const {
     if (lineas_->Bloques().PorPosicion(inicio).bloque < ultimo) puesto = Empezar(inicio);
     while (puesto.pos > inicio && puesto.bloque < ultimo) puesto = curvas_.Pasar(puesto, ultimo);
   }
-  return curvas_.LaPluma().Medir(LectorTexto(*texto_), puesto.pos, pos, puesto.x);
+  const LectorTexto texto(*texto_);
+  const Pluma& pluma = curvas_.LaPluma();
+  const Posicion tramo = puesto.pos > inicio ? pluma.InicioDeTramo(texto, puesto.pos) : inicio;
+  return pluma.Medir(texto, puesto.pos, pos, puesto.x, tramo);
 }
 
 Renglones::Corte RenglonesLineas::CorteEnX(Posicion inicio, Punto x) const {
@@ -56,7 +59,7 @@ Renglones::Corte RenglonesLineas::CorteEnX(Posicion inicio, Punto x) const {
     if (siguiente.x > x) break;
     puesto = siguiente;
   }
-  return pluma.Hasta(texto, puesto.pos, fin, puesto.x, x);
+  return pluma.Hasta(texto, puesto.pos, fin, puesto.x, x, pluma.InicioDeTramo(texto, puesto.pos));
 }
 
 Posicion RenglonesLineas::PosicionEnX(Posicion inicio, Punto x) const {

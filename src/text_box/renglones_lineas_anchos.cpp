@@ -34,6 +34,12 @@ void RenglonesLineas::Reemplazado(const Cambio& cambio) {
   desconocidos_ -= static_cast<std::size_t>(std::count(primero, ultimo, -1));
   desconocidos_ += empalme.nuevos;
   curvas_.Empalmar(empalme);
+  if (const Posicion alcance = curvas_.LaPluma().Alcance(); alcance > 0) {
+    const Posicion antes = std::max<Posicion>(cambio.pos - alcance, 0);
+    const Posicion despues = cambio.pos + cambio.puestos + alcance;
+    curvas_.Olvidar(lineas_->Bloques().PorPosicion(antes).bloque,
+                    lineas_->Bloques().PorPosicion(despues).bloque + 1);
+  }
   EmpalmarVector<Punto>(maximos_, empalme, -1);
   primero_ = std::min(primero_, empalme.desde);
   // The line that was changed may have started long before, and what follows the change may be
@@ -103,16 +109,21 @@ bool RenglonesLineas::Maximo(std::size_t bloque, int& bloques) {
 Punto RenglonesLineas::MasAncha(const LectorTexto& texto, Posicion& desde, Posicion hasta) const {
   constexpr Posicion ventana = 64;
   const Pluma& pluma = curvas_.LaPluma();
+  const bool de_partes = pluma.LosSignos() != nullptr;
   const Punto por_byte = std::max(pluma.Maximo(), pluma.Tabulador());
   Punto maximo = 0;
   Posicion n = 0;
+  bool con_partes = false;  // in the line in hand, perhaps
   for (Posicion pos = desde; pos < hasta; pos += n) {
     n = std::min({ventana, hasta - pos, texto.FinDePieza(pos) - pos});
     const Mascaras mascaras = Mirar(texto, pos, static_cast<std::size_t>(n));
+    const bool aqui = de_partes && mascaras.alto;
+    con_partes |= aqui;
     for (std::uint64_t fines = mascaras.lf | mascaras.cr; fines != 0; fines &= fines - 1) {
       const Posicion fin = pos + std::countr_zero(fines);
-      if ((fin - desde) * por_byte > maximo) {
+      if (con_partes || (fin - desde) * por_byte > maximo) {
         maximo = std::max(maximo, pluma.Medir(texto, desde, fin, 0));
+        con_partes = aqui;
       }
       desde = fin + 1;  // between CR and LF there is an empty line more
     }

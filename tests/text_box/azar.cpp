@@ -4,20 +4,40 @@
 #include <array>
 #include <stdexcept>
 
+namespace {
+
+std::vector<std::string> Alfabeto(const std::string& bytes) {
+  std::vector<std::string> alfabeto;
+  for (const char byte : bytes) alfabeto.emplace_back(1, byte);
+  return alfabeto;
+}
+
+// Of every length and class: letters, marks, a joiner, joining letters, ideographs, their signs.
+const std::vector<std::string> Escrituras = {
+    "a",      " ",      "\n",     "\u00f1", "\u0301",     "\u0416", "\u200d", "\u0628", "\u0645",
+    "\u4e2d", "\u6587", "\u3001", "\u300c", "\U0001f600", "b",      "\t",     "\u0301"};
+
+}  // namespace
+
 Azar::Azar(std::uint64_t semilla) : azar_(semilla) {
   const std::array<std::string, 8> alfabetos = {
       "ab",    "abcd ",         "\n",           "\r\n",
       "ab \t", "abcdefgh   \n", "ab\t \r\nWi.", std::string("a\0\xff \r\n\t", 7)};
-  alfabeto_ =
-      alfabetos[static_cast<std::size_t>(Hasta(7))] + alfabetos[static_cast<std::size_t>(Hasta(7))];
+  alfabeto_ = Alfabeto(alfabetos[static_cast<std::size_t>(Hasta(7))] +
+                       alfabetos[static_cast<std::size_t>(Hasta(7))]);
+  utf8_ = semilla % 3 != 0;
+  for (std::int64_t n = utf8_ ? 1 + Hasta(15) : 0; n > 0; --n)
+    alfabeto_.push_back(Escrituras[static_cast<std::size_t>(Hasta(std::ssize(Escrituras) - 1))]);
+  if (semilla % 3 == 2)  // with faults
+    for (const char byte : std::string("\xc3\xe4\xb8\xed\xa0\xf0\x9f\xc0\x80\xff"))
+      alfabeto_.emplace_back(1, byte);
   tamano_ = 20 << Hasta(7);
   const int bloque = 4 << Hasta(5);
   medidas_ = {bloque, 8 << Hasta(4), 4 << Hasta(5), 8 << Hasta(5), 4 << Hasta(6)};
   if (Hasta(7) == 0) medidas_ = {};
   lineas_ = std::make_unique<Lineas>(texto_, bloque);
-  for (int i = 0; i < 2; ++i) {
+  for (int i = 0; i < 2; ++i)
     parejas_.push_back({std::make_unique<Filas>(texto_, *lineas_, medidas_), {}, 1});
-  }
   parejas_.push_back({std::make_unique<RenglonesLineas>(texto_, *lineas_, Hasta(3) * 8), {}, 0});
   for (Pareja& pareja : parejas_) Reconfigurar(pareja);
 }
@@ -37,6 +57,7 @@ Avances Azar::UnosAvances() {
     if (clase == 3 && Hasta(9) == 0) ancho = static_cast<std::int32_t>(Hasta(3000));
   }
   avances.tabulador = static_cast<std::int32_t>(1 + Hasta(5000));
+  if (utf8_) avances.signos = std::make_shared<ingenuo::Letras>(avances, unico);
   return avances;
 }
 
@@ -44,8 +65,9 @@ std::string Azar::UnTexto() {
   std::string texto;
   const std::int64_t n = Hasta(2) > 0 ? Hasta(3) : Hasta(tamano_ / 4);
   while (std::ssize(texto) < n) {
-    texto.append(static_cast<std::size_t>(Hasta(9) == 0 ? 1 + Hasta(40) : 1),
-                 alfabeto_[static_cast<std::size_t>(Hasta(std::ssize(alfabeto_) - 1))]);
+    const std::string& letra =
+        alfabeto_[static_cast<std::size_t>(Hasta(std::ssize(alfabeto_) - 1))];
+    for (std::int64_t i = Hasta(9) == 0 ? 1 + Hasta(40) : 1; i > 0; --i) texto += letra;
   }
   return texto;
 }
@@ -86,9 +108,8 @@ void Azar::Paso() {
     if (Hasta(2) == 0) pareja.renglones->Avanzar(0);
     if (Hasta(2) == 0) continue;  // most of what is unknown stays so for a while
     const ingenuo::Inicios inicios = Inicios(pareja);
-    for (std::int64_t i = Hasta(2); i >= 0; --i) {
+    for (std::int64_t i = Hasta(2); i >= 0; --i)
       ComprobarLugar(pareja, inicios, Hasta(std::ssize(cierto_)));
-    }
   }
   if (Hasta(15) == 0) ComprobarTodo(parejas_[static_cast<std::size_t>(Hasta(2))]);
 }
@@ -148,14 +169,17 @@ void Azar::ComprobarEquis(const Pareja& pareja, const ingenuo::Inicios& inicios,
   const Punto x = Hasta(3) == 0 ? equis[static_cast<std::size_t>(pos - inicio)]
                                 : Hasta(equis.back() + 100) - 10;
   const auto mayor = std::upper_bound(equis.begin() + 1, equis.end(), x);
-  std::int64_t cerca = mayor - equis.begin() - 1;
+  const std::int64_t cerca = mayor - equis.begin() - 1;
   const Renglones::Corte corte = renglones.CorteEnX(inicio, x);
   Exigir(corte.pos == inicio + cerca && corte.x == equis[static_cast<std::size_t>(cerca)],
          "CorteEnX");
-  if (mayor != equis.end() && *mayor - x <= x - *(mayor - 1)) ++cerca;
-  const bool rota = i + 1 < inicios.size() && inicios[i + 1] == fin;
-  Exigir(renglones.PosicionEnX(inicio, x) == std::min(inicio + cerca, rota ? fin - 1 : fin),
-         "PosicionEnX");
+  const ingenuo::Inicios lugares = ingenuo::Lugares(cierto_, pareja.avances, inicio, fin);
+  auto lugar = std::upper_bound(lugares.begin(), lugares.end(), inicio + cerca);
+  const bool sigue = mayor != equis.end() && *mayor - x <= x - *(mayor - 1);
+  if (!sigue) --lugar;
+  const bool rota = i + 1 < inicios.size() && inicios[i + 1] == fin && lugares.size() > 1;
+  if (rota && *lugar == fin) --lugar;
+  Exigir(renglones.PosicionEnX(inicio, x) == *lugar, "PosicionEnX");
 }
 
 void Azar::ComprobarTodo(const Pareja& pareja) {

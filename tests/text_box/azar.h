@@ -5,6 +5,7 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "text_box/filas.h"
 #include "text_box/ingenuo.h"
@@ -39,7 +40,8 @@ class Azar {
   std::mt19937_64 azar_;
   std::string cierto_;  // the text
   Bytes texto_;
-  std::string alfabeto_;
+  std::vector<std::string> alfabeto_;  // characters, or parts of them
+  bool utf8_ = false;
   std::int64_t tamano_ = 0;
   Filas::Medidas medidas_;
   std::unique_ptr<Lineas> lineas_;
