@@ -9,6 +9,7 @@ int main(int /*argc*/, char** argv) {
   EscritorioReal escritorio;
   AccesoPerfilArchivo ajustes(CarpetaConfiguracion());
   ModGral gral(ajustes);
+  gral.SistemaUtf8 = aplicacion.SistemaUtf8();
   FrmMain principal(gral, escritorio.Servicios());
   aplicacion.PonerAviso([&](const QString& motivo) {
     escritorio.Servicios().mensajes.Critico(principal, motivo, QStringLiteral("ERROR"));

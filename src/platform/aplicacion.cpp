@@ -1,6 +1,9 @@
 #include "platform/aplicacion.h"
 
 #include <csignal>
+#include <cstring>
+#include <langinfo.h>
+#include <locale.h>
 #include <system_error>
 
 #include <QLocale>
@@ -15,6 +18,15 @@ namespace {
 
 constexpr auto VariablePlataforma = "QT_QPA_PLATFORM";
 constexpr qreal PuntosControles = 8.25;
+
+// Of the locale that the user has set, before the toolkit changes it for the program.
+bool LocalUtf8() {
+  const locale_t local = newlocale(LC_CTYPE_MASK, "", nullptr);
+  if (local == nullptr) return false;  // there is no such one: the system goes on as "C"
+  const bool utf8 = std::strcmp(nl_langinfo_l(CODESET, local), "UTF-8") == 0;
+  freelocale(local);
+  return utf8;
+}
 
 QPalette PaletaClara() {
   QPalette paleta(QColor(0xf0, 0xf0, 0xf0));
@@ -34,7 +46,8 @@ QPalette PaletaClara() {
 
 }  // namespace
 
-Aplicacion::Plataforma::Plataforma() : elegida(!qEnvironmentVariableIsSet(VariablePlataforma)) {
+Aplicacion::Plataforma::Plataforma()
+    : elegida(!qEnvironmentVariableIsSet(VariablePlataforma)), utf8(LocalUtf8()) {
   if (elegida) qputenv(VariablePlataforma, "xcb;wayland");
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QApplication::setDesktopSettingsAware(false);

@@ -14,6 +14,8 @@ class Aplicacion {
   explicit Aplicacion(char* programa);
   // Who tells the user that an event ended in an exception.
   void PonerAviso(Red::Aviso aviso) { aplicacion_.PonerAviso(std::move(aviso)); }
+  // Is the character set of the user's locale UTF-8? Not the toolkit's, which makes it so.
+  bool SistemaUtf8() const { return plataforma_.utf8; }
   int Ejecutar() { return aplicacion_.Ejecutar(); }
 
  private:
@@ -24,6 +26,7 @@ class Aplicacion {
     Plataforma();
     void Soltar() const;
     bool elegida;
+    bool utf8;
   };
 
   // The toolkit's own texts, read when the first of them is wanted.

@@ -21,6 +21,7 @@ struct ModGral {
   QString ArchivoINI;        // full path of Velda.INI
   QString ArchivoFavoritas;  // full path of Favoritas.INI
   Perfil perfil;             // Buffer and Longitud
+  bool SistemaUtf8 = false;  // the system's locale is in UTF-8: so are texts that give no hint
 
   QString ArchivoActual;      // full path of the current file; "Ninguno" once the list became empty
   QString ArchivoCargado;     // full path of the file that the text window holds; empty: load again

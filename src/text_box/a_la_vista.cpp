@@ -5,6 +5,8 @@
 void ALaVista::Recoger(const Bytes& texto, const Encuadre& encuadre, Posicion inicio) {
   const Posicion fin = encuadre.Reparto().FinDe(inicio);
   izquierda = (encuadre.X() - Encuadre::Margen) * Pixel;
+  con_signos = RecogerSignos(texto, encuadre, inicio, fin);
+  if (con_signos) return;
   const auto corte = encuadre.Reparto().CorteEnX(
       inicio, std::max<Punto>(0, izquierda - encuadre.Tabla().AnchoMayor()));
   const Punto derecha = izquierda + (encuadre.Tamano().width() + Encuadre::Margen) * Pixel;
@@ -25,6 +27,26 @@ void ALaVista::Recoger(const Bytes& texto, const Encuadre& encuadre, Posicion in
     x.push_back(pluma - izquierda);
   }
   bytes.resize(x.size() - 1);
+}
+
+// False where the row, or what is in sight of it, is ASCII.
+bool ALaVista::RecogerSignos(const Bytes& texto, const Encuadre& encuadre, Posicion inicio,
+                             Posicion fin) {
+  if (!encuadre.Tabla().Signos()) return false;
+  Renglones::Corte desde{inicio, 0};
+  Posicion hasta = fin;
+  if (fin - inicio > Encuadre::MayorMaqueta) {
+    const Punto margen = 4 * encuadre.Tabla().AltoFila() * Pixel;  // what reaches into sight
+    const Punto derecha = izquierda + encuadre.Tamano().width() * Pixel;
+    const Renglones& reparto = encuadre.Reparto();
+    desde = reparto.CorteEnX(inicio, std::max<Punto>(0, izquierda - margen));
+    hasta = std::max(desde.pos, reparto.CorteEnX(inicio, derecha + margen).pos);
+  }
+  primera = desde.pos;
+  bytes.resize(static_cast<std::size_t>(hasta - desde.pos));
+  texto.Copiar(desde.pos, hasta, bytes.data());
+  x.assign(1, desde.x - izquierda);
+  return !Utf8::EsAscii({bytes.data(), bytes.size()});
 }
 
 std::size_t ALaVista::Indice(Posicion pos) const {

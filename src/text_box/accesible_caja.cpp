@@ -32,7 +32,7 @@ int AccesibleCaja::Contar(Posicion pos) const {
 }
 
 Posicion AccesibleCaja::Dentro(int caracter) const {
-  return TrasCaracteres(Texto(), 0, caracter);
+  return PosicionDeCaracter(Texto(), caracter);
 }
 
 void* AccesibleCaja::interface_cast(QAccessible::InterfaceType tipo) {
@@ -150,7 +150,7 @@ QRect AccesibleCaja::characterRect(int pos) const {
   const Posicion fin = vista.Reparto().FinDe(fila);
   if (lugar.pos < fin) {
     sitio.setWidth(static_cast<int>(
-        (vista.Reparto().XDe(fila, PasoDerecha(Texto(), lugar.pos)) - vista.XDe(lugar)) / Pixel));
+        std::abs(vista.XDe({PasoDerecha(Texto(), lugar.pos), true}) - vista.XDe(lugar)) / Pixel));
   }
   if (!sitio.intersects(QRect(QPoint(), vista.Tamano()))) return {};
   return sitio.translated(Caja().viewport()->mapToGlobal(QPoint()));

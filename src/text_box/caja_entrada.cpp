@@ -20,8 +20,8 @@ void CajaTexto::inputMethodEvent(QInputMethodEvent* evento) {
 void CajaTexto::Confirmar(const QInputMethodEvent& evento) {
   const QByteArray bytes = DeFuera(evento.commitString(), documento_);
   if (evento.replacementLength() <= 0) return Escribir(bytes);
-  const Posicion desde = TrasCaracteres(documento_, Cursor(), evento.replacementStart());
-  const Posicion hasta = TrasCaracteres(documento_, desde, evento.replacementLength());
+  const Posicion desde = TrasUnidades(documento_, Cursor(), evento.replacementStart());
+  const Posicion hasta = TrasUnidades(documento_, desde, evento.replacementLength());
   edicion_.Escribir({desde, hasta}, bytes);
 }
 
@@ -48,8 +48,9 @@ QVariant CajaTexto::inputMethodQuery(Qt::InputMethodQuery pregunta) const {
 
 // What surrounds the caret.
 QVariant CajaTexto::TextoParaMetodo(Qt::InputMethodQuery pregunta) const {
-  const Posicion desde = std::max<Posicion>(0, Cursor() - Alrededor);
-  const Posicion hasta = std::min<Posicion>(documento_.Tamano(), Cursor() + Alrededor);
+  const Posicion desde = FueraDeCaracter(documento_, std::max<Posicion>(0, Cursor() - Alrededor));
+  const Posicion hasta =
+      FueraDeCaracter(documento_, std::min<Posicion>(documento_.Tamano(), Cursor() + Alrededor));
   const Posicion ancla = std::clamp(Ancla(), desde, hasta);
   switch (pregunta) {
     case Qt::ImSurroundingText:

@@ -48,7 +48,7 @@ void CajaTexto::Editar(Orden orden, const QString& texto) {
     case Orden::Tabulador:
       return Escribir("\t");
     case Orden::Retroceso:
-      return edicion_.Borrar({PasoIzquierda(documento_, pos), pos});
+      return edicion_.Borrar({RetrocesoIzquierda(documento_, pos), pos});
     case Orden::RetrocesoPalabra:
       return edicion_.Borrar({PalabraIzquierda(documento_, pos), pos});
     case Orden::Suprimir:

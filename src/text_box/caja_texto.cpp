@@ -141,6 +141,11 @@ void CajaTexto::Recargado() {
   CursorMovido();
 }
 
+void CajaTexto::Recodificado() {
+  encuadre_.Recodificado();
+  Redibujar();
+}
+
 void CajaTexto::Redibujar() {
   if (!isVisible()) return;
   ActualizarBarras();

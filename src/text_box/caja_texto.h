@@ -101,6 +101,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador, private Oyente
  private:
   void Reemplazado(const Cambio& cambio) override;
   void Recargado() override;
+  void Recodificado() override;
   void PorQuitar(const Rango& rango) override;
   void CursorMovido() override;
   void FaltaMemoria() override;

@@ -14,7 +14,7 @@ Posicion Desplazada(Posicion pos, const Cambio& cambio) {
 }  // namespace
 
 Posicion CursorTexto::Dentro(Posicion pos) const {
-  return FueraDeFinDeLinea(documento_, std::clamp<Posicion>(pos, 0, documento_.Tamano()));
+  return FueraDeCaracter(documento_, std::clamp<Posicion>(pos, 0, documento_.Tamano()));
 }
 
 void CursorTexto::Llevar(const Lugar& lugar, Seleccion seleccion) {

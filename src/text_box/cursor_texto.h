@@ -1,6 +1,7 @@
 // The caret of a view, what it selects, and the column that moving up and down keeps to.
 //
-// It stands within the text and never between CR and LF, wherever it is sent. Nothing is painted,
+// It stands within the text and never between CR and LF or inside of a
+// code point, wherever it is sent. Nothing is painted,
 // scrolled or told from here: that is for who moves it.
 #pragma once
 

@@ -24,20 +24,47 @@ void Documento::Poner(std::string_view bytes) {
   Bytes nuevos;
   if (!nuevos.Reemplazar(0, 0, bytes)) return;
   ContadorLineas contador;
-  for (const std::string_view tramo : nuevos.Tramos()) contador.Agregar(tramo);
-  Sustituir(std::move(nuevos), contador.Terminar());
+  Utf8::Recuento recuento;
+  for (const std::string_view tramo : nuevos.Tramos()) {
+    contador.Agregar(tramo);
+    recuento.Agregar(tramo);
+  }
+  recuento.Terminar();
+  Sustituir(std::move(nuevos), contador.Terminar(), recuento);
 }
 
 void Documento::PonerTexto(QStringView texto) {
-  const QByteArray bytes = codificacion_.ABytes(texto);
+  const QByteArray bytes = texto.toUtf8();
   Poner({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
-void Documento::Sustituir(Bytes&& bytes, Sumas&& lineas) {
+void Documento::Sustituir(Bytes&& bytes, Sumas&& lineas, const Utf8::Recuento& recuento) {
   bytes_ = std::move(bytes);
   lineas_.Adoptar(std::move(lineas));
+  caracteres_.Recargado(recuento.Sueltos() == 0);
+  codificacion_ = &Codificacion::De(recuento, *del_sistema_);
   historial_.Vaciar();
   for (Observador* observador : observadores_) observador->Recargado();
+}
+
+// Nor may undo bring other bytes back.
+bool Documento::EsAscii() const {
+  const auto ascii = [](const Pieza& pieza) { return Utf8::EsAscii(pieza.bytes); };
+  return std::ranges::all_of(bytes_.Piezas(0, Tamano()), ascii) && historial_.Todas(ascii);
+}
+
+void Documento::Admitir(QStringView texto) {
+  if (codificacion_->Tiene(texto) || !EsAscii()) return;
+  codificacion_ = &Codificacion::DeUtf8();
+  for (Observador* observador : observadores_) observador->Recodificado();
+}
+
+std::int64_t Documento::CaracteresHasta(Posicion pos) const {
+  return codificacion_->DeVarios() ? caracteres_.Antes(pos) : pos;
+}
+
+Posicion Documento::InicioDeCaracter(std::int64_t n) const {
+  return codificacion_->DeVarios() ? caracteres_.Inicio(n) : std::min(n, Tamano());
 }
 
 QByteArray Documento::Copia(Posicion desde, Posicion hasta) const {
@@ -91,6 +118,7 @@ Cambio Documento::Canjear(Operacion& operacion, Posicion quitados, Extracto nuev
   operacion.dentro = cambio.puestos;
   bytes_.Sustituir(cambio.pos, quitados, std::move(nuevo.piezas));
   lineas_.Reemplazado(cambio, nuevo);
+  caracteres_.Reemplazado(cambio);
   return cambio;
 }
 

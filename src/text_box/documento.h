@@ -12,6 +12,7 @@
 #include "shared/archivo.h"
 #include "shared/texto_entero.h"
 #include "text_box/bytes.h"
+#include "text_box/caracteres.h"
 #include "text_box/codificacion.h"
 #include "text_box/historial.h"
 #include "text_box/lineas.h"
@@ -22,11 +23,14 @@ class Observador {
   virtual ~Observador() = default;
   virtual void Reemplazado(const Cambio& cambio) = 0;  // after one replacement
   virtual void Recargado() = 0;                        // after the whole text is another
+  virtual void Recodificado() {}                       // the same bytes are in another code page
 };
 
 class Documento {
  public:
-  Documento() = default;
+  // `del_sistema`: the code page of a text that gives no hint of its own.
+  explicit Documento(const Codificacion& del_sistema = Codificacion::Windows1252())
+      : del_sistema_(&del_sistema) {}
   Documento(const Documento&) = delete;
   Documento& operator=(const Documento&) = delete;
 
@@ -38,12 +42,19 @@ class Documento {
   Resultado Cargar(LectorArchivo& lector, const Seguir& seguir = {});
   void Vaciar();
   void Poner(std::string_view bytes);  // a whole new text; undo is emptied
-  void PonerTexto(QStringView texto);  // the same of characters
+  void PonerTexto(QStringView texto);  // the same of characters, in UTF-8
 
   Posicion Tamano() const { return bytes_.Tamano(); }
   const Bytes& Texto() const { return bytes_; }
   const Lineas& LineasDelTexto() const { return lineas_; }
-  const Codificacion& CodificacionDelTexto() const { return codificacion_; }
+  // What the bytes mean: told from them when they are loaded, and kept then.
+  const Codificacion& CodificacionDelTexto() const { return *codificacion_; }
+  // Characters are to be put in: a text of ASCII alone, which is in any page, takes the one that
+  // has them, and the views are told.
+  void Admitir(QStringView texto);
+  // How many characters start before `pos`, and where number `n` does; the end beyond the last.
+  std::int64_t CaracteresHasta(Posicion pos) const;
+  Posicion InicioDeCaracter(std::int64_t n) const;
   QByteArray Copia(Posicion desde, Posicion hasta) const;
   QByteArray Copia() const { return Copia(0, Tamano()); }
   TextoEntero Entero() const;  // as it is now, where it lies
@@ -74,7 +85,8 @@ class Documento {
   void DejarDeObservar(Observador* observador);
 
  private:
-  void Sustituir(Bytes&& bytes, Sumas&& lineas);
+  void Sustituir(Bytes&& bytes, Sumas&& lineas, const Utf8::Recuento& recuento);
+  bool EsAscii() const;
   Cambio Canjear(Operacion& operacion, Posicion quitados, Extracto nuevo);
   Cambio Invertir(Operacion* operacion, void (Historial::*anotar)());
   void Avisar(const Cambio& cambio) const;
@@ -82,7 +94,9 @@ class Documento {
 
   Bytes bytes_;
   Lineas lineas_{bytes_};
-  Codificacion codificacion_;
+  Caracteres caracteres_{bytes_};
+  const Codificacion* del_sistema_;
+  const Codificacion* codificacion_ = del_sistema_;
   Historial historial_;
   std::vector<Observador*> observadores_;
 };

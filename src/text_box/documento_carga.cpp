@@ -12,6 +12,7 @@ Resultado Documento::Cargar(LectorArchivo& lector, const Seguir& seguir) {
   constexpr std::size_t Bocado = std::size_t{256} << 10;
   Bytes nuevos;
   ContadorLineas contador;
+  Utf8::Recuento recuento;
   std::size_t previstos = lector.Tamano();
   while (true) {
     const std::span<char> sitio = nuevos.ReservarFinal(std::max(previstos, Bocado));
@@ -23,11 +24,13 @@ Resultado Documento::Cargar(LectorArchivo& lector, const Seguir& seguir) {
     if (leidos.Valor() == 0) break;
     nuevos.ConfirmarFinal(leidos.Valor());
     contador.Agregar({sitio.data(), leidos.Valor()});
+    recuento.Agregar({sitio.data(), leidos.Valor()});
     previstos -= std::min(previstos, leidos.Valor());
     if (seguir && !seguir(static_cast<std::size_t>(nuevos.Tamano()))) {
       return Resultado::Fallo(ECANCELED);
     }
   }
-  Sustituir(std::move(nuevos), contador.Terminar());
+  recuento.Terminar();
+  Sustituir(std::move(nuevos), contador.Terminar(), recuento);
   return {};
 }

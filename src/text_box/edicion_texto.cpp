@@ -49,12 +49,11 @@ std::optional<Extracto> EdicionTexto::Guardar(const QByteArray& bytes) {
   return documento_.Guardar({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
-// What the clipboard or a drag brings, with the document's line ends. What comes from a box of
-// ours, with these line ends already, is not even copied.
+// What the clipboard or a drag brings, with the document's line ends and in its code page. What
+// comes from a box of ours, with these already, is not even copied.
 std::optional<Extracto> EdicionTexto::Recibir(const QMimeData& datos) {
-  const std::string_view fin = documento_.FinDeLinea();
   const auto* propios = qobject_cast<const DatosTexto*>(&datos);
-  if (propios && propios->SoloFin(fin)) return propios->ElExtracto();
+  if (propios && propios->VaEn(documento_)) return propios->ElExtracto();
   return SiCabe([&] { return Guardar(DeFuera(datos, documento_)); });
 }
 

@@ -1,10 +1,12 @@
 #include "text_box/encuadre.h"
 
 #include <algorithm>
+#include <string>
 
 #include <QtMath>
 
 #include "text_box/filas.h"
+#include "text_box/movimiento.h"
 #include "text_box/renglones_lineas.h"
 
 namespace {
@@ -22,7 +24,9 @@ void Encuadre::PonerFuente(const QFont& fuente) {
 }
 
 const TablaGlifos& Encuadre::Tabla() const {
-  if (!tabla_) tabla_.emplace(fuente_, documento_.CodificacionDelTexto());
+  const Codificacion* codificacion = &documento_.CodificacionDelTexto();
+  if (!tabla_ || codificacion_ != codificacion) tabla_.emplace(fuente_, *codificacion);
+  codificacion_ = codificacion;
   return *tabla_;
 }
 
@@ -63,6 +67,12 @@ void Encuadre::Recargado() {
   reparto_.reset();
   lectura_ = 0;
   x_ = 0;
+  encajado_ = false;
+}
+
+// The bytes are the same; what they look like is not.
+void Encuadre::Recodificado() {
+  reparto_.reset();
   encajado_ = false;
 }
 
@@ -176,7 +186,7 @@ Posicion Encuadre::FilaDe(const Lugar& lugar) const {
 QRect Encuadre::Rectangulo(const Lugar& lugar) const {
   const Posicion fila = FilaDe(lugar);
   const Posicion arriba = Arriba();
-  std::int64_t x = Margen + Reparto().XDe(fila, lugar.pos) / Pixel - x_;
+  std::int64_t x = Margen + XEnFila(fila, lugar.pos) / Pixel - x_;
   // Blanks may hang over the edge of a wrapped row: the caret stays in sight.
   if (ajustado_) x = std::min<std::int64_t>(x, tamano_.width() - AnchoCursor);
   x = std::clamp<std::int64_t>(x, -(1 << 20), 1 << 20);
@@ -196,11 +206,30 @@ Lugar Encuadre::EnPunto(const QPoint& punto) const {
   return EnFila(fila, std::max<Punto>(0, (punto.x() - Margen + x_) * Pixel));
 }
 
+const Maqueta* Encuadre::MaquetaDe(Posicion fila) const {
+  if (!Tabla().Signos()) return nullptr;
+  const Posicion fin = Reparto().FinDe(fila);
+  if (fin - fila > MayorMaqueta) return nullptr;
+  std::string bytes(static_cast<std::size_t>(fin - fila), '\0');
+  documento_.Texto().Copiar(fila, fin, bytes.data());
+  return Utf8::EsAscii(bytes) ? nullptr : &Tabla().Maquetada(bytes);
+}
+
+Punto Encuadre::XEnFila(Posicion fila, Posicion pos) const {
+  const Maqueta* maqueta = MaquetaDe(fila);
+  return maqueta ? maqueta->XDe(static_cast<std::size_t>(std::max<Posicion>(pos - fila, 0)))
+                 : Reparto().XDe(fila, pos);
+}
+
 Lugar Encuadre::EnFila(Posicion fila, Punto x) const {
-  const Lugar cerca{Reparto().PosicionEnX(fila, x), false};
   const Lugar fin = FinDeFila(fila);
+  if (const Maqueta* maqueta = MaquetaDe(fila)) {
+    const Posicion pos = fila + static_cast<Posicion>(maqueta->LugarEnX(x));
+    return pos == fin.pos ? fin : Lugar{pos, false};
+  }
+  const Lugar cerca{Reparto().PosicionEnX(fila, x), false};
   // The rows never answer the end of a row broken by the width; for a caret it is a place too.
-  if (!fin.al_final || cerca.pos + 1 != fin.pos) return cerca;
+  if (!fin.al_final || PasoDerecha(documento_, cerca.pos) != fin.pos) return cerca;
   const Punto izquierda = Reparto().XDe(fila, cerca.pos);
   const Punto derecha = Reparto().XDe(fila, fin.pos);
   return x - izquierda > derecha - x ? fin : cerca;

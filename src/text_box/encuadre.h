@@ -24,7 +24,8 @@ struct Lugar {
 // nothing.
 class Encuadre {
  public:
-  static constexpr int Margen = 4;  // pixels, as in the toolkit's own documents
+  static constexpr int Margen = 4;                // pixels, as in the toolkit's own documents
+  static constexpr Posicion MayorMaqueta = 8192;  // bytes; of longer rows only what is in sight
 
   Encuadre(const Documento& documento, bool ajustado);
 
@@ -35,6 +36,7 @@ class Encuadre {
 
   void Reemplazado(const Cambio& cambio, bool seguir);  // `seguir`: keep the rows, bring them up
   void Recargado();
+  void Recodificado();
 
   Renglones& Reparto() const;
   bool Completo() const { return Reparto().Completo(); }
@@ -54,7 +56,9 @@ class Encuadre {
   // Scrolls as little as needed to have the place in sight.
   void Mostrar(const Lugar& lugar);
   Posicion FilaDe(const Lugar& lugar) const;  // start of the row it is shown in
-  Punto XDe(const Lugar& lugar) const { return Reparto().XDe(FilaDe(lugar), lugar.pos); }
+  Punto XDe(const Lugar& lugar) const { return XEnFila(FilaDe(lugar), lugar.pos); }
+  // A row as it is painted; nothing for one that is a run of single bytes, or too long for that.
+  const Maqueta* MaquetaDe(Posicion fila) const;
   // The caret's rectangle in the viewport, 1 pixel wide, also where it is out of sight.
   QRect Rectangulo(const Lugar& lugar) const;
   Lugar EnPunto(const QPoint& punto) const;
@@ -64,6 +68,7 @@ class Encuadre {
   Posicion Andar(Posicion fila, std::int64_t filas) const;
 
  private:
+  Punto XEnFila(Posicion fila, Posicion pos) const;
   Punto AnchoUtil() const;
   void Encajar() const;
   void SeguirLectura(const Cambio& cambio);
@@ -72,6 +77,7 @@ class Encuadre {
   const bool ajustado_;
   QFont fuente_;
   mutable std::optional<TablaGlifos> tabla_;
+  mutable const Codificacion* codificacion_ = nullptr;  // what it is of
   QSize tamano_;
   mutable std::unique_ptr<Renglones> reparto_;
   // What the user reads at the top; the row that holds it is the top row, whatever the width. Far

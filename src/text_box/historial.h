@@ -4,6 +4,7 @@
 // it swaps them with those that are, which turns it into its own opposite.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <vector>
@@ -43,6 +44,16 @@ class Historial {
   Operacion* PorRehacer() { return deshechas_.empty() ? nullptr : &deshechas_.back(); }
   void Deshecha();
   void Rehecha();
+
+  // Is it so of every piece that is kept?
+  template <typename Condicion>
+  bool Todas(Condicion condicion) const {
+    const auto de_operacion = [&](const Operacion& operacion) {
+      return std::ranges::all_of(operacion.fuera.piezas, condicion);
+    };
+    return std::ranges::all_of(hechas_, de_operacion) &&
+           std::ranges::all_of(deshechas_, de_operacion);
+  }
 
   bool HayHechas() const { return !hechas_.empty(); }
   bool HayDeshechas() const { return !deshechas_.empty(); }

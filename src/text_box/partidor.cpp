@@ -103,8 +103,9 @@ bool Partidor::LlenarSignos(const LectorTexto& texto, Fila& fila, Posicion tope)
   }
   Paseo paseo(signos, texto, fila.pos);
   const Signos::Signo* antes = nullptr;
-  if (fila.pos > fila.inicio && texto.En(fila.pos - 1) < 0x80)
+  if (fila.pos > fila.inicio && texto.En(fila.pos - 1) < 0x80) {
     antes = &signos.De(texto.En(fila.pos - 1));
+  }
   do {
     if (antes != nullptr && Signos::Rompible(*antes, paseo.Primero())) fila.corte = fila.pos;
     antes = &paseo.Primero();
@@ -119,8 +120,10 @@ bool Partidor::LlenarSignos(const LectorTexto& texto, Fila& fila, Posicion tope)
     fila.pos = paseo.Hasta();
   } while (fila.pos < tope && paseo.Seguir());
   const int byte = texto.EnOFin(fila.pos);
-  if (byte > ' ' && byte < 0x80 && Signos::Rompible(*antes, signos.De(static_cast<char32_t>(byte))))
+  if (byte > ' ' && byte < 0x80 &&
+      Signos::Rompible(*antes, signos.De(static_cast<char32_t>(byte)))) {
     fila.corte = fila.pos;
+  }
   return true;
 }
 
@@ -129,8 +132,9 @@ Posicion Partidor::Cortar(const LectorTexto& texto, const Fila& fila) const {
   const Posicion minimo = std::max(fila.tras_tab, fila.corte);
   Posicion corte = TrasUltimoBlanco(texto, minimo, fila.pos);
   while (corte > minimo && corte < texto.Total() && pluma_.EsParte(texto.En(corte)) &&
-         pluma_.SigueAlByte(texto, corte))
+         pluma_.SigueAlByte(texto, corte)) {
     corte = TrasUltimoBlanco(texto, minimo, corte - 1);
+  }
   return corte > fila.inicio ? corte : fila.pos;
 }
 
@@ -163,8 +167,9 @@ Posicion Partidor::Romper(const LectorTexto& texto, Posicion inicio, Posicion li
   }
   // The row is full, but not before what clings to its last byte.
   if (fila.pos < texto.Total() && pluma_.EsParte(texto.En(fila.pos)) && Pegado(texto, fila) &&
-      !LlenarSignos(texto, fila, tope))
+      !LlenarSignos(texto, fila, tope)) {
     return Cortar(texto, fila);
+  }
   if (fila.pos == texto.Total()) return -1;
   const unsigned char byte = texto.En(fila.pos);
   return byte == '\n' || byte == '\r' ? texto.TrasElFin(fila.pos) : fila.pos;

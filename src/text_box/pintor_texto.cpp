@@ -1,6 +1,8 @@
 #include "text_box/pintor_texto.h"
 
 #include <algorithm>
+#include <optional>
+#include <string_view>
 
 #include <QGlyphRun>
 
@@ -13,8 +15,10 @@ PintorTexto::PintorTexto(QPainter& pintor, const Bytes& texto, const Encuadre& e
       aspecto_(aspecto) {}
 
 void PintorTexto::Pintar(const Fila& fila) {
-  Reunir(fila.inicio);
+  vista_.Recoger(texto_, encuadre_, fila.inicio);
   const FilaRetratada retratada = Retratar(encuadre_, fila, vista_);
+  if (vista_.con_signos) return PintarMaqueta(fila, retratada);
+  Reunir();
   PintarEleccion(retratada, fila.y);
   PintarRango(0, retratada.elegido_desde, fila.y, aspecto_.texto);
   PintarRango(retratada.elegido_desde, retratada.elegido_hasta, fila.y, aspecto_.texto_elegido);
@@ -41,8 +45,24 @@ FilaRetratada PintorTexto::Retratar(const Encuadre& encuadre, const Fila& fila,
   return retratada;
 }
 
-void PintorTexto::Reunir(Posicion inicio) {
-  vista_.Recoger(texto_, encuadre_, inicio);
+// Of a very long row what is in sight, by itself.
+void PintorTexto::PintarMaqueta(const Fila& fila, const FilaRetratada& retratada) {
+  const qreal izquierda = -static_cast<qreal>(vista_.izquierda) / Pixel;
+  std::optional<Maqueta> parte;
+  const Maqueta* maqueta = encuadre_.MaquetaDe(fila.inicio);
+  if (maqueta == nullptr) {
+    const std::string_view bytes(vista_.bytes.data(), vista_.bytes.size());
+    maqueta = &parte.emplace(tabla_, bytes, vista_.x.front() + vista_.izquierda);
+  }
+  maqueta->Pintar(pintor_, izquierda, fila.y, {retratada.elegido_desde, retratada.elegido_hasta},
+                  aspecto_);
+  if (!retratada.fin_elegido) return;
+  const qreal fin = izquierda + static_cast<qreal>(maqueta->Fin()) / Pixel;
+  const qreal blanco = static_cast<qreal>(tabla_.Anchos().ancho[' ']) / Pixel;
+  pintor_.fillRect(QRectF(fin, fila.y, blanco, tabla_.AltoFila()), aspecto_.fondo_elegido);
+}
+
+void PintorTexto::Reunir() {
   x_.clear();
   glifos_.clear();
   sitios_.clear();
@@ -86,17 +106,10 @@ void PintorTexto::PintarRango(std::size_t desde, std::size_t hasta, int y, const
   PintarRayas(x_[desde], x_[hasta], base);
 }
 
-// A control character is a small hollow box, a tab is empty. Its sides are filled: where a part of
-// a line is drawn, its pixels depend on the part.
+// A control character is a small hollow box, a tab is empty.
 void PintorTexto::PintarMarcas(std::size_t desde, std::size_t hasta, int y) {
-  const int alto = qRound(tabla_.Base() / 2);
-  const int abajo = y + qRound(tabla_.Base());
-  const QColor color = pintor_.pen().color();
   for (std::size_t i = desde; i < hasta; ++i) {
-    if (vista_.bytes[i] == '\t') continue;
-    const QRect caja(QPoint(qRound(x_[i]) + 1, abajo - alto), QPoint(qRound(x_[i + 1]) - 2, abajo));
-    const QRect hueco = caja.adjusted(1, 1, -1, -1);
-    for (const QRect& lado : QRegion(caja) - hueco) pintor_.fillRect(lado, color);
+    if (vista_.bytes[i] != '\t') tabla_.PintarMarca(pintor_, x_[i], y, x_[i + 1] - x_[i]);
   }
 }
 

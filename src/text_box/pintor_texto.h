@@ -29,7 +29,8 @@ class PintorTexto {
   static FilaRetratada Retratar(const Encuadre& encuadre, const Fila& fila, const ALaVista& vista);
 
  private:
-  void Reunir(Posicion inicio);
+  void PintarMaqueta(const Fila& fila, const FilaRetratada& retratada);
+  void Reunir();
   void PintarEleccion(const FilaRetratada& fila, int y);
   void PintarRango(std::size_t desde, std::size_t hasta, int y, const QColor& color);
   void PintarMarcas(std::size_t desde, std::size_t hasta, int y);

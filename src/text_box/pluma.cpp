@@ -131,8 +131,9 @@ bool Pluma::SigueAlByte(const LectorTexto& texto, Posicion pos) const {
 // To the start of the cluster to which the character clings that comes next, behind `desde`.
 Renglones::Corte Pluma::Retroceder(const LectorTexto& texto, const Renglones::Corte& donde,
                                    Posicion desde) const {
-  if (donde.pos == desde || texto.En(donde.pos - 1) >= 0x80 || !SigueAlByte(texto, donde.pos))
+  if (donde.pos == desde || texto.En(donde.pos - 1) >= 0x80 || !SigueAlByte(texto, donde.pos)) {
     return donde;
+  }
   return {donde.pos - 1, donde.x - Ancho(texto.En(donde.pos - 1))};
 }
 
@@ -180,8 +181,9 @@ Renglones::Corte Pluma::Hasta(const LectorTexto& texto, Posicion desde, Posicion
       Paseo paseo(*signos_, texto, base.pos);
       do {
         if (paseo.Desde() < inicio) continue;
-        if (paseo.Desde() >= hasta || x + paseo.Ancho() > limite)
+        if (paseo.Desde() >= hasta || x + paseo.Ancho() > limite) {
           return {paseo.Desde(), x, paseo.Hasta(), x + paseo.Ancho()};
+        }
         x += paseo.Ancho();
       } while (paseo.Seguir());
       desde = paseo.Hasta();

@@ -51,8 +51,9 @@ Mascaras MirarTodos(const unsigned char* bytes) {
 template <bool ConAltos>
 std::uint64_t Especiales(const unsigned char* bytes) {
   std::uint64_t bits = 0;
-  for (int i = 0; i < 16; ++i)
+  for (int i = 0; i < 16; ++i) {
     bits |= std::uint64_t{EsEspecial(bytes[i]) || (ConAltos && bytes[i] >= 0x80)} << i;
+  }
   return bits;
 }
 

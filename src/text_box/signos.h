@@ -53,8 +53,9 @@ class Signos {
 
   static bool Pegado(const Signo& antes, const Signo& signo) {
     if (antes.clase == Clase::Control || signo.clase == Clase::Control) return false;
-    if (signo.clase == Clase::Sigue || signo.clase == Clase::Une || antes.clase == Clase::Une)
+    if (signo.clase == Clase::Sigue || signo.clase == Clase::Une || antes.clase == Clase::Une) {
       return true;
+    }
     return signo.clase == Clase::Complejo && antes.clase != Clase::Simple;
   }
   static bool Rompible(const Signo& antes, const Signo& signo) {

@@ -14,9 +14,7 @@ namespace {
 
 constexpr int BlancosPorTabulador = 8;
 
-std::int32_t EnPuntos(qreal pixeles) {
-  return static_cast<std::int32_t>(std::max<Punto>(Pixel, qRound(pixeles * Pixel)));
-}
+constexpr std::size_t MaximoMaquetas = 256;
 
 bool EsControl(char16_t caracter) {
   return caracter < 0x20 || (caracter >= 0x7f && caracter < 0xa0);
@@ -36,14 +34,6 @@ std::optional<std::pair<qreal, qreal>> Alcance(const QRawFont& fuente) {
   return std::pair(pixeles(YMaxima), -pixeles(YMinima));
 }
 
-// The one line of `texto`, laid out as the toolkit's editor would.
-void Maquetar(QTextLayout& maqueta) {
-  maqueta.beginLayout();
-  QTextLine linea = maqueta.createLine();
-  linea.setLeadingIncluded(true);
-  maqueta.endLayout();
-}
-
 }  // namespace
 
 TablaGlifos::TablaGlifos(const QFont& fuente, const Codificacion& codificacion) {
@@ -58,7 +48,7 @@ TablaGlifos::TablaGlifos(const QFont& fuente, const Codificacion& codificacion) 
   const QList<quint32> glifos = fuentes_[0].glyphIndexesForString(caracteres);
   const QList<QPointF> avances = fuentes_[0].advancesForGlyphIndexes(glifos);
   for (int byte = 0; byte < 256; ++byte) {
-    if (EsControl(caracteres[byte].unicode())) {
+    if (EsControl(caracteres[byte].unicode()) || (byte >= 0x80 && codificacion.DeVarios())) {
       entradas_[byte].fuente = Marca;
     } else if (glifos.value(byte) == 0) {
       Sustituir(static_cast<unsigned char>(byte), caracteres[byte].unicode(), llana);
@@ -74,6 +64,10 @@ TablaGlifos::TablaGlifos(const QFont& fuente, const Codificacion& codificacion) 
   avances_.tabulador = BlancosPorTabulador * blanco;
   ancho_mayor_ = std::max(*std::ranges::max_element(avances_.ancho), avances_.tabulador);
   MedirRebase();
+  if (!codificacion.DeVarios()) return;
+  llana.setLetterSpacing(QFont::PercentageSpacing, 100);  // as wide as ever, but without ligatures
+  signos_ = std::make_shared<SignosFuente>(llana, fuentes_[0], avances_);
+  avances_.signos = signos_;
 }
 
 void TablaGlifos::Medir(const QFont& fuente) {
@@ -118,4 +112,29 @@ void TablaGlifos::MedirRebase() {
     rebase = std::max({rebase, alcance.first - base_, alcance.second + base_ - alto_fila_});
   }
   rebase_ = qCeil(rebase) + 1;
+}
+
+const Maqueta& TablaGlifos::Maquetada(const std::string& fila) const {
+  const auto hallada = maquetas_.find(fila);
+  if (hallada != maquetas_.end()) return *hallada->second;
+  if (maquetas_.size() >= MaximoMaquetas) maquetas_.clear();
+  return *(maquetas_[fila] = std::make_unique<Maqueta>(*this, fila, 0));
+}
+
+// A little above the base line, and free of its neighbours.
+QRect TablaGlifos::SitioDeMarca(qreal x, int y, qreal ancho) const {
+  const int alto = qRound(base_ / 2);
+  const int abajo = y + qRound(base_);
+  return {QPoint(qRound(x) + 1, abajo - alto), QPoint(qRound(x + ancho) - 2, abajo)};
+}
+
+// Its sides are filled: where a part of a line is drawn, its pixels depend on the part.
+void TablaGlifos::PintarMarca(QPainter& pintor, qreal x, int y, qreal ancho) const {
+  const QRect caja = SitioDeMarca(x, y, ancho);
+  const QRect hueco = caja.adjusted(1, 1, -1, -1);
+  for (const QRect& lado : QRegion(caja) - hueco) pintor.fillRect(lado, pintor.pen().color());
+}
+
+void TablaGlifos::PintarSuelto(QPainter& pintor, qreal x, int y, qreal ancho) const {
+  pintor.fillRect(SitioDeMarca(x, y, ancho), pintor.pen().color());
 }

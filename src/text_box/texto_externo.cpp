@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include <QUrl>
 
@@ -49,52 +50,62 @@ QByteArrayView Vista(std::string_view bytes) {
   return {bytes.data(), static_cast<qsizetype>(bytes.size())};
 }
 
-// Letter and accent apart become one character; what lies below is so already.
-QString Compuesto(const QString& texto) {
-  constexpr char16_t primer_acento = 0x300;
-  const bool entero =
-      std::ranges::all_of(texto, [](QChar caracter) { return caracter.unicode() < primer_acento; });
-  return entero ? texto : texto.normalized(QString::NormalizationForm_C);
-}
-
 }  // namespace
 
-QByteArray DeFuera(const QString& texto, const Documento& documento) {
-  QString entero = Compuesto(texto);
+QByteArray DeFuera(const QString& texto, Documento& documento) {
+  QString entero = texto;
   entero.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
   entero.replace(QChar::LineSeparator, QLatin1Char('\n'));
+  documento.Admitir(entero);
   return ConFinales(documento.CodificacionDelTexto().ABytes(entero), Vista(documento.FinDeLinea()));
 }
 
-QByteArray DeFuera(const QMimeData& datos, const Documento& documento) {
+QByteArray DeFuera(const QMimeData& datos, Documento& documento) {
   const auto* propios = qobject_cast<const DatosTexto*>(&datos);
-  return propios ? ConFinales(Copia(propios->ElExtracto()), Vista(documento.FinDeLinea()))
-                 : DeFuera(datos.text(), documento);
+  if (!propios || &propios->LaCodificacion() != &documento.CodificacionDelTexto()) {
+    return DeFuera(datos.text(), documento);
+  }
+  return ConFinales(Copia(propios->ElExtracto()), Vista(documento.FinDeLinea()));
 }
 
 QString TextoEntre(const Documento& documento, Posicion desde, Posicion hasta) {
   return documento.CodificacionDelTexto().ATexto(documento.Copia(desde, std::max(desde, hasta)));
 }
 
-int CaracteresHasta(const Documento& /*documento*/, Posicion pos) {
-  return static_cast<int>(std::min<Posicion>(pos, std::numeric_limits<int>::max()));
+int CaracteresHasta(const Documento& documento, Posicion pos) {
+  return static_cast<int>(
+      std::min<std::int64_t>(documento.CaracteresHasta(pos), std::numeric_limits<int>::max()));
 }
 
-Posicion TrasCaracteres(const Documento& documento, Posicion desde, int caracteres) {
-  return std::clamp<Posicion>(desde + caracteres, 0, documento.Tamano());
+Posicion PosicionDeCaracter(const Documento& documento, int caracter) {
+  return documento.InicioDeCaracter(std::max(caracter, 0));
+}
+
+Posicion TrasUnidades(const Documento& documento, Posicion desde, int unidades) {
+  const LectorTexto texto(documento.Texto());
+  const Codificacion& codificacion = documento.CodificacionDelTexto();
+  const auto unidades_de = [](char32_t codigo) {
+    return QChar::requiresSurrogates(codigo) ? 2 : 1;
+  };
+  for (; unidades > 0 && desde < texto.Total();) {
+    const Utf8::Caracter caracter = codificacion.En(texto, desde);
+    unidades -= unidades_de(caracter.codigo);
+    desde += caracter.largo;
+  }
+  while (unidades < 0 && desde > 0) {
+    desde = codificacion.Inicio(texto, desde - 1);
+    unidades += unidades_de(codificacion.En(texto, desde).codigo);
+  }
+  return desde;
 }
 
 QString ParaFuera(const Extracto& extracto, const Codificacion& codificacion) {
-  QString texto(static_cast<qsizetype>(extracto.tamano), Qt::Uninitialized);
+  QString texto = codificacion.ATexto(Copia(extracto));
   QChar* donde = texto.data();
   bool tras_retorno = false;
-  for (const Pieza& pieza : extracto.piezas) {
-    for (const char byte : pieza.bytes) {
-      if (!tras_retorno || byte != '\n') {
-        *donde++ = byte == '\r' ? u'\n' : codificacion.Caracter(static_cast<unsigned char>(byte));
-      }
-      tras_retorno = byte == '\r';
-    }
+  for (const QChar caracter : std::as_const(texto)) {
+    if (!tras_retorno || caracter != u'\n') *donde++ = caracter == u'\r' ? u'\n' : caracter;
+    tras_retorno = caracter == u'\r';
   }
   texto.truncate(donde - texto.constData());
   return texto;
@@ -111,6 +122,7 @@ bool RecuentoFines::Seguir(const Extracto& extracto, std::size_t bytes) {
       dentro_ = 0;
       if (++pieza_ < extracto.piezas.size()) resto = extracto.piezas[pieza_].bytes;
     }
+    for (const char byte : tramo) todos_ |= static_cast<unsigned char>(byte);
     cr_ += std::count(tramo.begin(), tramo.end(), '\r');
     lf_ += std::count(tramo.begin(), tramo.end(), '\n');
     fines_ += ContarFines(tramo, resto.empty() ? -1 : static_cast<unsigned char>(resto.front()));
@@ -133,9 +145,10 @@ void DatosTexto::timerEvent(QTimerEvent* /*evento*/) {
   if (recuento_.Seguir(extracto_, Bocado)) reloj_.stop();
 }
 
-bool DatosTexto::SoloFin(std::string_view fin) const {
+bool DatosTexto::VaEn(const Documento& documento) const {
   recuento_.Seguir(extracto_, static_cast<std::size_t>(extracto_.tamano));
-  return recuento_.Solo(fin);
+  const bool misma = &codificacion_ == &documento.CodificacionDelTexto();
+  return (misma || recuento_.EsAscii()) && recuento_.Solo(documento.FinDeLinea());
 }
 
 QStringList DatosTexto::formats() const {
@@ -144,7 +157,7 @@ QStringList DatosTexto::formats() const {
 
 // The toolkit goes on to UTF-8 where nothing can be caught: what has no room for that is not begun.
 QVariant DatosTexto::retrieveData(const QString& formato, QMetaType /*tipo*/) const {
-  constexpr std::size_t por_byte = sizeof(QChar) + 3;
+  constexpr std::size_t por_byte = sizeof(QChar) + 1 + 3;
   if (formato != TextoLlano) return {};
   if (!Almacen::Hacer(static_cast<std::size_t>(extracto_.tamano) * por_byte)) return {};
   return ParaFuera(extracto_, codificacion_);

@@ -14,30 +14,35 @@
 #include "text_box/extracto.h"
 
 // `texto` in the code page and with the line ends of the document it comes to, whatever its own
-// are (CR LF, CR, LF or Unicode's). What the code page lacks becomes "?".
-QByteArray DeFuera(const QString& texto, const Documento& documento);
+// are (CR LF, CR, LF or Unicode's). What the code page lacks becomes "?", where the document cannot
+// take another one.
+QByteArray DeFuera(const QString& texto, Documento& documento);
 // The same of what the clipboard or a drag brings.
-QByteArray DeFuera(const QMimeData& datos, const Documento& documento);
+QByteArray DeFuera(const QMimeData& datos, Documento& documento);
 
 // The text for other programs: each line end as LF.
 QString ParaFuera(const Extracto& extracto, const Codificacion& codificacion);
 // What stands there, line ends as they are; nothing where `hasta` is before `desde`.
 QString TextoEntre(const Documento& documento, Posicion desde, Posicion hasta);
 
-// Other programs count characters: how many there are before a position, as far as they can, and
-// the position so many after `desde`, or before it, in the text in any case.
+// Screen readers count code points: how many there are before a position, as far as they can, and
+// the position of number `caracter`, in the text in any case.
 int CaracteresHasta(const Documento& documento, Posicion pos);
-Posicion TrasCaracteres(const Documento& documento, Posicion desde, int caracteres);
+Posicion PosicionDeCaracter(const Documento& documento, int caracter);
+// Input methods count units of UTF-16: the position so many after `desde`, or before it.
+Posicion TrasUnidades(const Documento& documento, Posicion desde, int unidades);
 
-// Which forms of line end an extract has, found out bit by bit.
+// Which forms of line end an extract has, and whether it is ASCII, found out bit by bit.
 class RecuentoFines {
  public:
   // Goes on through about `bytes` bytes more; true when all of it was seen.
   bool Seguir(const Extracto& extracto, std::size_t bytes);
   // Are all of this form? Without any, too. Asked when all was seen.
   bool Solo(std::string_view fin) const;
+  bool EsAscii() const { return todos_ < 0x80; }
 
  private:
+  unsigned char todos_ = 0;  // the bits of all bytes
   std::size_t pieza_ = 0;
   std::size_t dentro_ = 0;  // offset in that one
   std::ptrdiff_t cr_ = 0;
@@ -53,7 +58,9 @@ class DatosTexto : public QMimeData {
  public:
   DatosTexto(Extracto extracto, const Codificacion& codificacion);
   const Extracto& ElExtracto() const { return extracto_; }
-  bool SoloFin(std::string_view fin) const;  // as RecuentoFines::Solo
+  const Codificacion& LaCodificacion() const { return codificacion_; }
+  // Can it be put into that document as it is? The line ends are alike, and the code page.
+  bool VaEn(const Documento& documento) const;
   QStringList formats() const override;
 
  protected:
@@ -62,7 +69,7 @@ class DatosTexto : public QMimeData {
 
  private:
   Extracto extracto_;
-  Codificacion codificacion_;
+  const Codificacion& codificacion_;
   mutable RecuentoFines recuento_;  // of a large extract it goes on while nothing else is to do
   QBasicTimer reloj_;
 };

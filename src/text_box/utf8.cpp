@@ -68,8 +68,9 @@ int ContarDobles(const unsigned char* bytes) {
     raros = _mm_or_si128(raros, _mm_or_si128(largo, corto));
   }
   const std::uint64_t primeros = altos & ~siguientes;
-  if (_mm_movemask_epi8(raros) != 0 || primeros >> 63 != 0 || primeros << 1 != siguientes)
+  if (_mm_movemask_epi8(raros) != 0 || primeros >> 63 != 0 || primeros << 1 != siguientes) {
     return -1;
+  }
   return std::popcount(primeros);
 }
 
@@ -94,6 +95,11 @@ std::size_t HastaAlto(const unsigned char* bytes, std::size_t n) {
 
 }  // namespace
 
+bool EsAscii(std::string_view bytes) {
+  return HastaAlto(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()) ==
+         bytes.size();
+}
+
 Caracter Leer(const unsigned char* bytes, std::size_t n) {
   const unsigned char primero = bytes[0];
   if (primero < 0x80) return {primero, 1};
@@ -112,8 +118,9 @@ Caracter Leer(const LectorTexto& texto, Posicion pos) {
   if (n >= Mayor || texto.En(pos) < 0x80) return Leer(texto.Desde(pos), n);
   std::array<unsigned char, Mayor> copia{};
   std::size_t hay = 0;
-  for (; hay < Mayor && pos + static_cast<Posicion>(hay) < texto.Total(); ++hay)
+  for (; hay < Mayor && pos + static_cast<Posicion>(hay) < texto.Total(); ++hay) {
     copia[hay] = texto.En(pos + static_cast<Posicion>(hay));
+  }
   return Leer(copia.data(), hay);
 }
 

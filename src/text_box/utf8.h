@@ -34,6 +34,8 @@ Posicion Inicio(const LectorTexto& texto, Posicion pos);
 // Writes a code point; how many bytes it takes.
 std::size_t Escribir(char32_t codigo, char* destino);
 
+bool EsAscii(std::string_view bytes);
+
 // What a text's bytes from 80 on are, as it comes in piece by piece.
 class Recuento {
  public:

@@ -80,7 +80,7 @@ class FrmTexto : public Ventana, private OyenteTeclas {
   ModGral& gral_;
   Escritorio escritorio_;
   Ventana& principal_;
-  Documento documento_;
+  Documento documento_{gral_.SistemaUtf8 ? Codificacion::DeUtf8() : Codificacion::Windows1252()};
 
   std::array<CajaTexto*, 2> TextBox{};  // 0 wraps, 1 does not; children of the window
   FraGuardar* FraGuardar_ = nullptr;    // null until they are needed

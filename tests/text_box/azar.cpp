@@ -26,18 +26,22 @@ Azar::Azar(std::uint64_t semilla) : azar_(semilla) {
   alfabeto_ = Alfabeto(alfabetos[static_cast<std::size_t>(Hasta(7))] +
                        alfabetos[static_cast<std::size_t>(Hasta(7))]);
   utf8_ = semilla % 3 != 0;
-  for (std::int64_t n = utf8_ ? 1 + Hasta(15) : 0; n > 0; --n)
+  for (std::int64_t n = utf8_ ? 1 + Hasta(15) : 0; n > 0; --n) {
     alfabeto_.push_back(Escrituras[static_cast<std::size_t>(Hasta(std::ssize(Escrituras) - 1))]);
-  if (semilla % 3 == 2)  // with faults
-    for (const char byte : std::string("\xc3\xe4\xb8\xed\xa0\xf0\x9f\xc0\x80\xff"))
+  }
+  if (semilla % 3 == 2) {  // with faults
+    for (const char byte : std::string("\xc3\xe4\xb8\xed\xa0\xf0\x9f\xc0\x80\xff")) {
       alfabeto_.emplace_back(1, byte);
+    }
+  }
   tamano_ = 20 << Hasta(7);
   const int bloque = 4 << Hasta(5);
   medidas_ = {bloque, 8 << Hasta(4), 4 << Hasta(5), 8 << Hasta(5), 4 << Hasta(6)};
   if (Hasta(7) == 0) medidas_ = {};
   lineas_ = std::make_unique<Lineas>(texto_, bloque);
-  for (int i = 0; i < 2; ++i)
+  for (int i = 0; i < 2; ++i) {
     parejas_.push_back({std::make_unique<Filas>(texto_, *lineas_, medidas_), {}, 1});
+  }
   parejas_.push_back({std::make_unique<RenglonesLineas>(texto_, *lineas_, Hasta(3) * 8), {}, 0});
   for (Pareja& pareja : parejas_) Reconfigurar(pareja);
 }
@@ -108,8 +112,9 @@ void Azar::Paso() {
     if (Hasta(2) == 0) pareja.renglones->Avanzar(0);
     if (Hasta(2) == 0) continue;  // most of what is unknown stays so for a while
     const ingenuo::Inicios inicios = Inicios(pareja);
-    for (std::int64_t i = Hasta(2); i >= 0; --i)
+    for (std::int64_t i = Hasta(2); i >= 0; --i) {
       ComprobarLugar(pareja, inicios, Hasta(std::ssize(cierto_)));
+    }
   }
   if (Hasta(15) == 0) ComprobarTodo(parejas_[static_cast<std::size_t>(Hasta(2))]);
 }

@@ -28,6 +28,7 @@ QImage Dibujado(const CajaTexto& caja) {
 
 AzarVista::AzarVista(unsigned semilla)
     : azar_(semilla),
+      alfabeto_(semilla / 2 % 3),
       banco_(semilla % 2 ? CajaTexto::Ajuste::AlAncho : CajaTexto::Ajuste::SinAjustar) {
   QApplication::clipboard()->setText(QStringLiteral("pegado\nen dos"));
   inicial_ = TextoAlAzar(Hasta(3) * 1500);
@@ -36,14 +37,22 @@ AzarVista::AzarVista(unsigned semilla)
 }
 
 std::string AzarVista::TextoAlAzar(int cuantos) {
-  static const std::string muestra =
+  static const std::string bytes =
       std::string("aaabc dEf, \xf1\xe1 x  .\n\r\n\t\r\x80\x01") + '\0' + "largapalabra ";
+  static const std::vector<std::string> escrituras = {
+      "a",      "b",      " ",      " ",        "\n",     "\t",         "\u00f1",
+      "\u00e1", "\u0301", "\u0416", "\u4e2d",   "\u3001", "\u0628",     "\u0645",
+      "\u05d0", "\u0e33", "\u0915", "\u094d",   "\u200d", "\U0001f468", "\U0001f1ea",
+      "\u200f", "\ufeff", "\xc3",   "\xf0\x9f", "\xff"};
+  const int letras = int(escrituras.size()) - (alfabeto_ == 1 ? 3 : 0);  // the last are no letters
   std::string texto;
   while (int(texto.size()) < cuantos) {
     if (Hasta(40) == 0) {
       texto.append(std::size_t(Hasta(120)), 'm');
+    } else if (alfabeto_ == 0) {
+      texto += bytes[std::size_t(Hasta(int(bytes.size())))];
     } else {
-      texto += muestra[std::size_t(Hasta(int(muestra.size())))];
+      texto += escrituras[std::size_t(Hasta(letras))];
     }
   }
   return texto;
@@ -245,7 +254,12 @@ std::unique_ptr<CajaTexto> AzarVista::Gemela(Documento& documento) {
 std::string AzarVista::Comparar() {
   CajaTexto& caja = banco_.caja;
   Documento documento;
-  documento.Poner(banco_.documento.Copia().toStdString());
+  // In the same code page, whatever the bytes are by now.
+  documento.Poner(banco_.documento.CodificacionDelTexto().ABytes(u"\u00f1").toStdString());
+  if (!documento.Reemplazar(0, documento.Tamano(), banco_.documento.Copia().toStdString(),
+                            Agrupacion::Sola)) {
+    std::abort();
+  }
   const std::unique_ptr<CajaTexto> gemela = Gemela(documento);
   gemela->clearFocus();
   caja.clearFocus();

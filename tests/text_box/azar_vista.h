@@ -44,6 +44,7 @@ class AzarVista : private Observador {
   std::unique_ptr<CajaTexto> Gemela(Documento& documento);
 
   std::mt19937 azar_;
+  const unsigned alfabeto_;  // single bytes, the letters of all scripts, the same with faults
   BancoCaja banco_;
   QWidget tapadera_{&banco_.caja};
   std::string inicial_;

@@ -21,11 +21,12 @@ struct Racimo {
   const Signos::Signo* signo = nullptr;
 };
 
-// The clusters from `i` to the end of the line.
-std::vector<Racimo> Racimos(const std::string& texto, const Avances& avances, std::size_t i) {
+// The clusters from `i` to the end of the line, but none that starts at `tope` or behind.
+std::vector<Racimo> Racimos(const std::string& texto, const Avances& avances, std::size_t i,
+                            std::size_t tope) {
   std::vector<Racimo> racimos;
   Signos* signos = avances.signos.get();
-  while (i < texto.size() && FinDeLinea(texto, i) == 0) {
+  while (i < std::min(tope, texto.size()) && FinDeLinea(texto, i) == 0) {
     const auto byte = static_cast<unsigned char>(texto[i]);
     if (signos == nullptr) {
       racimos.push_back({i, i + 1, avances.ancho[byte]});
@@ -70,7 +71,7 @@ std::size_t Romper(const std::string& texto, const Avances& avances, Punto ancho
   std::size_t corte = inicio;  // behind the last blank or tab, beside the last ideograph
   std::size_t i = inicio;
   const Racimo* antes = nullptr;
-  const std::vector<Racimo> racimos = Racimos(texto, avances, inicio);
+  const std::vector<Racimo> racimos = Racimos(texto, avances, inicio, inicio + maximo + 1);
   for (const Racimo& racimo : racimos) {
     i = racimo.desde;
     if (i - inicio >= maximo) return i;
@@ -116,8 +117,9 @@ Inicios Filas(const std::string& texto, const Avances& avances, Punto ancho, Pos
 Posicion Fin(const std::string& texto, const Inicios& inicios, std::size_t i) {
   const Posicion fin =
       i + 1 < inicios.size() ? inicios[i + 1] : static_cast<Posicion>(texto.size());
-  for (Posicion pos = inicios[i]; pos < fin; ++pos)
+  for (Posicion pos = inicios[i]; pos < fin; ++pos) {
     if (FinDeLinea(texto, static_cast<std::size_t>(pos)) > 0) return pos;
+  }
   return fin;
 }
 
@@ -129,7 +131,8 @@ std::size_t Indice(const Inicios& inicios, Posicion pos) {
 std::vector<Punto> Equis(const std::string& texto, const Avances& avances, Posicion inicio,
                          Posicion fin) {
   std::vector<Punto> equis{0};
-  for (const Racimo& racimo : Racimos(texto, avances, static_cast<std::size_t>(inicio))) {
+  for (const Racimo& racimo :
+       Racimos(texto, avances, static_cast<std::size_t>(inicio), static_cast<std::size_t>(fin))) {
     if (static_cast<Posicion>(racimo.desde) >= fin) break;
     equis.resize(equis.size() + racimo.hasta - racimo.desde,
                  Mover(texto, avances, racimo, equis.back()));
@@ -140,9 +143,12 @@ std::vector<Punto> Equis(const std::string& texto, const Avances& avances, Posic
 
 Inicios Lugares(const std::string& texto, const Avances& avances, Posicion inicio, Posicion fin) {
   Inicios lugares;
-  for (const Racimo& racimo : Racimos(texto, avances, static_cast<std::size_t>(inicio)))
-    if (static_cast<Posicion>(racimo.desde) < fin)
+  for (const Racimo& racimo :
+       Racimos(texto, avances, static_cast<std::size_t>(inicio), static_cast<std::size_t>(fin))) {
+    if (static_cast<Posicion>(racimo.desde) < fin) {
       lugares.push_back(static_cast<Posicion>(racimo.desde));
+    }
+  }
   lugares.push_back(fin);
   return lugares;
 }
@@ -170,18 +176,20 @@ void Letras::Llenar(char32_t primero, Pagina& pagina) {
     Signo& signo = pagina[i];
     signo.ancho = codigo < 0x80 ? avances_.ancho[i]
                                 : static_cast<std::int32_t>((codigo * 31) % 7) * semilla_ / 3;
-    if (codigo < 0x20 || (codigo > 0x7e && codigo < 0xa0) || Utf8::EsSuelto(codigo))
+    if (codigo < 0x20 || (codigo > 0x7e && codigo < 0xa0) || Utf8::EsSuelto(codigo)) {
       signo.clase = Clase::Control;
-    else if (codigo >= 0x300 && codigo < 0x370)
+    } else if (codigo >= 0x300 && codigo < 0x370) {
       signo.clase = Clase::Sigue;
-    else if (codigo == 0x200d)
+    } else if (codigo == 0x200d) {
       signo.clase = Clase::Une;
-    else if (codigo >= 0x600 && codigo < 0x700)
+    } else if (codigo >= 0x600 && codigo < 0x700) {
       signo.clase = Clase::Complejo;
+    }
     if (codigo == 'a' || codigo == 'b' || codigo == 0x300c) signo.cortes |= TrasIdeograma;
     if (codigo == 'b' || codigo == 'c' || codigo == 0x3001) signo.cortes |= AnteIdeograma;
-    if (codigo >= 0x4e00 && codigo < 0x9fff)
+    if (codigo >= 0x4e00 && codigo < 0x9fff) {
       signo.cortes = Ideograma | TrasIdeograma | AnteIdeograma;
+    }
   }
 }
 
@@ -192,8 +200,9 @@ std::span<const Signos::Racimo> Letras::Medir(std::string_view tramo) {
   for (std::size_t i = 0; i < texto.size();) {
     const Utf8::Caracter caracter = ingenuo::Leer(texto, i);
     const Signo& signo = De(caracter.codigo);
-    if (racimos_.empty() || signo.clase == Clase::Complejo)
+    if (racimos_.empty() || signo.clase == Clase::Complejo) {
       racimos_.push_back({0, static_cast<std::int32_t>(tramo.size() % 5)});
+    }
     racimos_.back().bytes = static_cast<std::uint16_t>(racimos_.back().bytes + caracter.largo);
     racimos_.back().ancho += signo.ancho;
     i += caracter.largo;

@@ -29,7 +29,7 @@ bool Soltar(BancoCaja& banco, const QMimeData& datos, const QPoint& punto) {
 
 }  // namespace
 
-TEST(CajaEntrada, what_is_pasted_takes_the_line_ends_of_the_text_it_comes_to) {
+TEST(CajaEntrada, what_is_pasted_takes_the_form_of_the_text_it_comes_to) {
   const struct {
     const char* copiado;       // by a box, or else
     const char16_t* de_fuera;  // by another program
@@ -38,11 +38,17 @@ TEST(CajaEntrada, what_is_pasted_takes_the_line_ends_of_the_text_it_comes_to) {
   } casos[] = {
       {nullptr, u"x\r\ny\rz\n", "a|b", "ax\ny\nz\n|b"},
       {nullptr, u"x\ny", "\r\n|", "\r\nx\r\ny|"},
-      {nullptr, u"\u20ac\u00f1\u4e2d\U0001F600\u2029", "|", "\x80\xf1??\n|"},
+      {nullptr, u"\u20ac\u00f1\u4e2d\U0001F600\u2029", "\xf1|", "\xf1\x80\xf1??\n|"},
+      {nullptr, u"\u20ac\u00f1", "|", "\x80\xf1|"},
+      {nullptr, u"\u20ac\u00f1\u4e2d", "|", "\u20ac\u00f1\u4e2d|"},  // UTF-8 from now on
+      {nullptr, u"e\u0301\u4e2d", "\u00f1|", "\u00f1e\u0301\u4e2d|"},
       {nullptr, u"e\u0301", "|", "\xe9|"},  // a letter and its accent apart
       {"^a\nb\n|", u"", "1\n|", "1\na\nb\n|"},
       {"^a\r\nb\n|", u"", "1\r\n|", "1\r\na\r\nb\r\n|"},
       {"^a\rb\n|", u"", "1\r|", "1\ra\rb\r|"},
+      {"^\xf1\x80|", u"", "\u00e1|", "\u00e1\u00f1\u20ac|"},  // and its code page
+      {"^\u00f1\u4e2d|", u"", "\xe1|", "\xe1\xf1?|"},
+      {"^\u4e2d\u4e2d\xff|", u"", "\u00e1|", "\u00e1\u4e2d\u4e2d\xff|"},
   };
   BancoCaja origen;
   BancoCaja destino;
@@ -144,7 +150,7 @@ TEST(CajaEntrada, what_memory_cannot_hold_is_told_and_changes_nothing) {
   EXPECT_EQ(banco.Estado(), "a^b|c");
   EXPECT_EQ(banco.avisos, "mcm");
   QApplication::clipboard()->clear();
-  const DatosTexto enorme({{}, Posicion{1} << 60, 0, {}}, {});
+  const DatosTexto enorme({{}, Posicion{1} << 60, 0, {}}, Codificacion::Windows1252());
   EXPECT_EQ(enorme.text(), "") << "asked for by another program";
 }
 
