@@ -61,11 +61,13 @@ void CompararFila(const std::string& texto, const QFont& fuente) {
   const QImage modelo = Modelo(QString::fromStdString(texto), fuente, banco.caja.size(), 0, &base);
   const TablaGlifos& tabla = banco.caja.Vista().Tabla();
   const qreal escala = modelo.devicePixelRatio();
-  const auto fila = [&](qreal y) {
-    return QRectF(0, y * escala, modelo.width(), tabla.AltoFila() * escala).toRect();
+  const auto fila = [&](qreal su_base) {
+    const int mas_abajo = qRound(su_base * escala) - qRound(tabla.Base() * escala);
+    return QRectF(0, Encuadre::Margen * escala + mas_abajo, modelo.width(),
+                  tabla.AltoFila() * escala)
+        .toRect();
   };
-  const QImage suya = modelo.copy(fila(Encuadre::Margen + qRound(base - tabla.Base())));
-  EXPECT_EQ(banco.Foto().copy(fila(Encuadre::Margen)), suya)
+  EXPECT_EQ(banco.Foto().copy(fila(tabla.Base())), modelo.copy(fila(base)))
       << texto << fuente.toString().toStdString();
 }
 
