@@ -56,3 +56,23 @@ TEST(CajaAccesible, a_screen_reader_finds_text_caret_selection_and_places) {
   EXPECT_EQ(banco.Estado(), "x |dos\r\n\xf1 tres");
   EXPECT_EQ(banco.avisos, "");
 }
+
+TEST(CajaAccesible, a_screen_reader_counts_code_points) {
+  BancoCaja banco;
+  banco.Poner("\u00f1 e\u0301^\U0001f600|\n\u4e2d\u6587\n");
+  QAccessibleInterface* caja = QAccessible::queryAccessibleInterface(&banco.caja);
+  QAccessibleTextInterface* texto = caja->textInterface();
+  EXPECT_EQ(texto->characterCount(), 9);
+  EXPECT_EQ(texto->cursorPosition(), 5);
+  int desde = 0;
+  int hasta = 0;
+  texto->selection(0, &desde, &hasta);
+  EXPECT_EQ(std::make_pair(desde, hasta), std::make_pair(4, 5));
+  EXPECT_EQ(texto->text(4, 7), QStringLiteral("\U0001f600\n\u4e2d"));
+  EXPECT_EQ(texto->textAtOffset(2, QAccessible::CharBoundary, &desde, &hasta), "e\u0301");
+  EXPECT_EQ(std::make_pair(desde, hasta), std::make_pair(2, 4));
+  EXPECT_EQ(texto->offsetAtPoint(texto->characterRect(6).center() - QPoint(2, 0)), 6);
+  texto->setCursorPosition(7);
+  banco.Teclas("Backspace");
+  EXPECT_EQ(banco.Estado(), "\u00f1 e\u0301\U0001f600\n|\u6587\n");
+}

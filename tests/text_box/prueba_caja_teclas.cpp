@@ -129,3 +129,31 @@ TEST(CajaTeclas, a_page_moves_caret_and_view_by_the_rows_in_sight_less_one) {
   EXPECT_EQ(banco.caja.Cursor(), 2);
   EXPECT_EQ(banco.caja.Arriba(), 0);
 }
+
+TEST(CajaTeclas, what_is_read_as_one_character_is_stepped_over_and_deleted_at_once) {
+  const struct {
+    const char* antes;
+    const char* teclas;
+    const char* despues;
+  } casos[] = {
+      {"|e\u0301a", "Right", "e\u0301|a"},
+      {"e\u0301|a", "Left", "|e\u0301a"},
+      {"|e\u0301a", "Del", "|a"},
+      {"e\u0301|a", "Backspace", "e|a"},  // a code point
+      {"a\U0001f468\u200d\U0001f469|b", "Left", "a|\U0001f468\u200d\U0001f469b"},
+      {"\U0001f1ea\U0001f1f8|\U0001f1ea\U0001f1f8", "Del", "\U0001f1ea\U0001f1f8|"},
+      {"\u00f1\u00f1\u00f1|\xff", "Right Left Left", "\u00f1\u00f1|\u00f1\xff"},
+      {"\u00f1\u00f1\u00f1|\xff\xfe", "Del", "\u00f1\u00f1\u00f1|\xfe"},
+      {"|\u00e1rbol e\u0301l\u00e9 \u4e2d\u6587, fin", "Ctrl+Right Ctrl+Right",
+       "\u00e1rbol e\u0301l\u00e9 |\u4e2d\u6587, fin"},
+      {"\u041c\u0438\u0440|", "Ctrl+Left", "|\u041c\u0438\u0440"},
+      {"\ufeff|hola", "Left", "|\ufeffhola"},
+      {"\u05d0\u05d1|\u05d2", "Right", "\u05d0\u05d1\u05d2|"},  // by logical position
+  };
+  BancoCaja banco;
+  for (const auto& caso : casos) {
+    banco.Poner(caso.antes);
+    banco.Teclas(caso.teclas);
+    EXPECT_EQ(banco.Estado(), caso.despues) << caso.antes << caso.teclas;
+  }
+}

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "text_box/documento.h"
+#include "text_box/ingenuo.h"
 
 namespace {
 
@@ -150,3 +151,101 @@ TEST(Documento, a_read_that_fails_leaves_the_old_text) {
 }
 
 }  // namespace
+
+TEST(CodigosDePagina, a_texts_bytes_say_which_one_it_is_in) {
+  const Codificacion& utf8 = Codificacion::DeUtf8();
+  const Codificacion& antigua = Codificacion::Windows1252();
+  const struct {
+    std::string bytes;
+    const Codificacion* esperada;  // null: the system's
+  } casos[] = {
+      {"", nullptr},
+      {"hola\n", nullptr},
+      {"a\u00f1o", &utf8},
+      {"a\xf1o", &antigua},
+      {"\ufeffhola", &utf8},
+      {"\u4e2d\u00f1\xff", &utf8},
+      {"\u00f1\xff", &antigua},            // as many of one kind as of the other
+      {"\xed\xa0\x80\u00f1", &antigua},    // a surrogate is three bytes of no sequence
+      {"\xc0\xaf\u00f1\u00f1", &antigua},  // an overlong form
+      {"\xf4\x90\x80\x80\U0010ffff", &antigua},
+      {"\u00f1\xe4\xb8", &antigua},  // cut at the end
+  };
+  for (const Codificacion* sistema : {&utf8, &antigua}) {
+    for (const auto& caso : casos) {
+      Documento documento(*sistema);
+      documento.Poner(caso.bytes);
+      EXPECT_EQ(&documento.CodificacionDelTexto(), caso.esperada ? caso.esperada : sistema)
+          << caso.bytes;
+    }
+  }
+}
+
+TEST(CodigosDePagina, only_a_text_of_ascii_alone_takes_another_page_while_it_is_edited) {
+  Documento documento;
+  documento.Poner("a\xf1");
+  ASSERT_TRUE(documento.Reemplazar(1, 1, "", Agrupacion::Sola));
+  documento.Admitir(u"\u4e2d");
+  EXPECT_EQ(&documento.CodificacionDelTexto(), &Codificacion::Windows1252()) << "undo has a byte";
+  documento.Poner("a");
+  documento.Admitir(u"\u00f1");
+  EXPECT_EQ(&documento.CodificacionDelTexto(), &Codificacion::Windows1252());
+  documento.Admitir(u"\u4e2d");
+  EXPECT_EQ(&documento.CodificacionDelTexto(), &Codificacion::DeUtf8());
+}
+
+// Sequences and parts of them, in pieces of any size, edited anywhere.
+TEST(CodigosDePagina, characters_are_counted_as_the_slow_way_finds_them) {
+  const std::array<std::string, 12> trozos{"a",    "\u00f1",   "\u4e2d", "\U0001f600",
+                                           "\xc3", "\xe4",     "\xb8",   "\xed",
+                                           "\xa0", "\xf0\x9f", "\xff",   "aaaaaaaaa"};
+  std::mt19937 azar(7);
+  const auto hasta = [&](std::size_t n) { return static_cast<std::size_t>(azar() % (n + 1)); };
+  for (int vez = 0; vez < 300; ++vez) {
+    std::string cierto;
+    const std::size_t clases = vez % 3 == 0 ? 1 : vez % 3 == 1 ? 3 : 11;
+    const std::size_t largo = hasta(900);
+    while (cierto.size() < largo) cierto += trozos[hasta(99) == 0 ? 10 : hasta(clases)];
+    Bytes bytes;
+    Utf8::Recuento recuento;
+    for (std::size_t i = 0; i < cierto.size();) {
+      const std::string trozo = cierto.substr(i, 1 + hasta(200));
+      ASSERT_TRUE(bytes.Reemplazar(bytes.Tamano(), 0, trozo));
+      recuento.Agregar(trozo);
+      i += trozo.size();
+    }
+    recuento.Terminar();
+    Caracteres caracteres(bytes, 16);
+    caracteres.Recargado(recuento.Sueltos() == 0);
+    for (int cambio = 0; cambio < 8; ++cambio) {
+      std::vector<Posicion> inicios;
+      std::int64_t largas = 0;
+      std::int64_t sueltas = 0;
+      for (std::size_t i = 0; i < cierto.size();) {
+        const Utf8::Caracter caracter = ingenuo::Leer(cierto, i);
+        inicios.push_back(static_cast<Posicion>(i));
+        largas += caracter.largo > 1 ? 1 : 0;
+        sueltas += Utf8::EsSuelto(caracter.codigo) ? 1 : 0;
+        i += caracter.largo;
+      }
+      if (cambio == 0) {
+        ASSERT_EQ(recuento.Secuencias(), largas);
+        ASSERT_EQ(recuento.Sueltos(), sueltas);
+      }
+      ASSERT_EQ(caracteres.Total(), std::ssize(inicios));
+      inicios.push_back(std::ssize(cierto));
+      const std::size_t n = hasta(inicios.size() - 1);
+      ASSERT_EQ(caracteres.Inicio(static_cast<std::int64_t>(n)), inicios[n]);
+      const auto pos = static_cast<Posicion>(hasta(cierto.size()));
+      const auto antes = std::ranges::lower_bound(inicios, pos) - inicios.begin();
+      ASSERT_EQ(caracteres.Antes(pos), antes);
+      ASSERT_EQ(Utf8::Inicio(LectorTexto(bytes), pos), *--std::ranges::upper_bound(inicios, pos));
+      const std::size_t quitados =
+          hasta(std::min<std::size_t>(cierto.size() - static_cast<std::size_t>(pos), 40));
+      const std::string nuevo = hasta(1) ? trozos[hasta(11)] : std::string();
+      ASSERT_TRUE(bytes.Reemplazar(pos, static_cast<Posicion>(quitados), nuevo));
+      cierto.replace(static_cast<std::size_t>(pos), quitados, nuevo);
+      caracteres.Reemplazado({pos, static_cast<Posicion>(quitados), std::ssize(nuevo)});
+    }
+  }
+}
