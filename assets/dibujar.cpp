@@ -1,13 +1,13 @@
 // Draws an SVG at fixed sizes: SVG WIDTHxHEIGHT FILE [WIDTHxHEIGHT FILE]..., sizes in pixels. A
-// file named *.png is a PNG; any other holds the bare pixels, row by row, as the program has them
-// in memory (32 bits, alpha premultiplied). Part of the build, not of the program.
+// file named *.png is a PNG; any other holds the bare pixels. Part of the build, not of the
+// program.
 #include <cstdio>
 #include <cstdlib>
 
-#include <QFile>
-#include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
+
+#include "pixeles.h"
 
 namespace {
 
@@ -25,11 +25,7 @@ QImage Dibujar(QSvgRenderer& dibujo, QSize tamano) {
 }
 
 bool Escribir(const QImage& imagen, const QString& ruta) {
-  if (ruta.endsWith(QStringLiteral(".png"))) return imagen.save(ruta);
-  QFile archivo(ruta);
-  const auto* pixeles = reinterpret_cast<const char*>(imagen.constBits());
-  return archivo.open(QIODevice::WriteOnly) &&
-         archivo.write(pixeles, imagen.sizeInBytes()) == imagen.sizeInBytes() && archivo.flush();
+  return ruta.endsWith(QStringLiteral(".png")) ? imagen.save(ruta) : EscribirPixeles(imagen, ruta);
 }
 
 int Fallar(const char* que, const char* cual) {

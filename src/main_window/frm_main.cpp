@@ -3,10 +3,10 @@
 #include <chrono>
 
 #include <QCoreApplication>
-#include <QLabel>
 #include <QPainter>
 
 #include "about_window/frm_autor.h"
+#include "main_window/etiqueta_total.h"
 #include "main_window/vista_lista.h"
 #include "platform/controles.h"
 #include "platform/dibujos.h"
@@ -29,16 +29,14 @@ constexpr QColor ColorRotulo(0x10, 0x53, 0x4b);
 
 constexpr std::chrono::milliseconds EsperaError{4000};
 
-QLabel* Etiqueta(QWidget* padre, const QString& nombre, const RectTwips& rect) {
-  auto* etiqueta = new QLabel(padre);
-  Disponer(*etiqueta, nombre, rect);
-  etiqueta->setTextFormat(Qt::PlainText);
-  etiqueta->setAlignment(Qt::AlignCenter);
+void Preparar(QLabel& etiqueta, const QString& nombre, const RectTwips& rect) {
+  Disponer(etiqueta, nombre, rect);
+  etiqueta.setTextFormat(Qt::PlainText);
+  etiqueta.setAlignment(Qt::AlignCenter);
   QFont fuente = FuenteDe(FuenteControles, PuntosEtiqueta);
   fuente.setBold(true);
-  etiqueta->setFont(fuente);
-  etiqueta->setAttribute(Qt::WA_NoMousePropagation);
-  return etiqueta;
+  etiqueta.setFont(fuente);
+  etiqueta.setAttribute(Qt::WA_NoMousePropagation);
 }
 
 void PintarTexto(QWidget& control, const QColor& texto) {
@@ -77,11 +75,12 @@ void FrmMain::CrearLista() {
 }
 
 void FrmMain::CrearEtiquetas() {
-  LblTotal = Etiqueta(this, QStringLiteral("LblTotal"), RectTotal);
-  LblTotal->setText(QStringLiteral("00"));
+  LblTotal = new EtiquetaTotal(this);
+  Preparar(*LblTotal, QStringLiteral("LblTotal"), RectTotal);
   LblTotal->setAccessibleDescription(QStringLiteral("Número de archivos abiertos"));
   PintarTexto(*LblTotal, Qt::black);
-  LblError = Etiqueta(this, QStringLiteral("LblError"), RectError);
+  LblError = new QLabel(this);
+  Preparar(*LblError, QStringLiteral("LblError"), RectError);
   PintarTexto(*LblError, Qt::white);
   LblError->setAutoFillBackground(true);
   QPalette negro = LblError->palette();
@@ -100,6 +99,7 @@ void FrmMain::Form_Load() {
   EstablecerRutas(gral_, QCoreApplication::applicationDirPath());
   gral_.ArchivoNuevo = gral_.GuardarComo = gral_.VerOpciones = gral_.VerFavoritas = false;
   LeerAjustes();
+  if (gral_.opciones.Favoritas || !LblTotal->TieneDibujo()) escritorio_.fuentes.Adelantar();
   if (gral_.opciones.Favoritas) ImgMenu_Click(IconoFavoritas);
   Texto().Mostrar();
   ImgMenu_Click(IconoVisible);

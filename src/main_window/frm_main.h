@@ -12,6 +12,7 @@
 #include "platform/ventana.h"
 #include "shared/mod_gral.h"
 
+class EtiquetaTotal;
 class FrmAutor;
 class FrmTexto;
 class Imagen;
@@ -101,7 +102,7 @@ class FrmMain : public Ventana {
   QString rotulo_;  // the command's name in the picture
 
   VistaLista* ListBox = nullptr;
-  QLabel* LblTotal = nullptr;
+  EtiquetaTotal* LblTotal = nullptr;
   QLabel* LblError = nullptr;
   QTimer TmrError{this};  // hides LblError
   CarpetaLeida FileList;  // the folder that was listed last, and its text files

@@ -1,6 +1,5 @@
 // The open-file list of the main window: adding, selecting and removing an entry.
-#include <QLabel>
-
+#include "main_window/etiqueta_total.h"
 #include "main_window/frm_main.h"
 #include "main_window/vista_lista.h"
 #include "platform/ayuda_literal.h"
@@ -93,7 +92,7 @@ void FrmMain::ListBox_KeyDown(int codigo) {
 
 // From three digits on it takes all of the paper that is drawn under it.
 void FrmMain::MostrarTotal() {
-  LblTotal->setText(QStringLiteral("%1").arg(lista_.Total(), 2, 10, QChar(u'0')));
+  LblTotal->Contar(lista_.Total());
   QRect sitio = RectTotal.EnPixeles();
   if (LblTotal->text().size() > 2) {
     sitio.setLeft(PapelTotal.left());

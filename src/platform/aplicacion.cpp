@@ -4,7 +4,6 @@
 #include <cstring>
 #include <langinfo.h>
 #include <locale.h>
-#include <system_error>
 
 #include <QLocale>
 #include <QPalette>
@@ -63,22 +62,9 @@ Aplicacion::Aplicacion(char* programa)
     : argumentos_{programa, nullptr}, aplicacion_(cuantos_, argumentos_.data()) {
   plataforma_.Soltar();
   std::signal(SIGXFSZ, SIG_IGN);  // a save beyond the size limit fails with a reason instead
-  AdelantarFuentes();
   QApplication::setQuitOnLastWindowClosed(false);
   PonerIdioma();
   PonerAspecto();
-}
-
-// The catalogue of fonts is read while the windows are made and wait for the desktop and the screen
-// readers' bus: it takes a good part of the start, and an empty list and an empty text need it for
-// the first letter only. Under Wayland showing a window may change the environment.
-void Aplicacion::AdelantarFuentes() {
-  if (QGuiApplication::platformName() != u"xcb") return;
-  try {
-    catalogo_ = std::jthread(LeerCatalogoFuentes);
-  } catch (const std::system_error&) {  // no thread to be had: it is read with that letter
-    return;
-  }
 }
 
 void Aplicacion::PonerIdioma() {

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <mutex>
-#include <thread>
 
 #include <QTranslator>
 
@@ -41,7 +40,6 @@ class Aplicacion {
     mutable QTranslator textos_;
   };
 
-  void AdelantarFuentes();
   void PonerIdioma();
   static void PonerAspecto();
 
@@ -50,5 +48,4 @@ class Aplicacion {
   int cuantos_ = 1;  // the program takes no arguments, so the toolkit is shown none
   Red aplicacion_;
   Traductor traductor_;
-  std::jthread catalogo_;
 };

@@ -16,10 +16,13 @@ QString ArchivoDe(const QString& nombre) {
   return QStringLiteral(":/dibujos/%1.svg").arg(nombre);
 }
 
-// The drawing in exactly these pixels, where the build has made it; null where not.
-QImage Hecho(const QString& nombre, QSize pixeles) {
-  QFile archivo(
-      QStringLiteral(":/hechos/%1_%2x%3").arg(nombre).arg(pixeles.width()).arg(pixeles.height()));
+QSize EnPantalla(QSize tamano, qreal escala) {
+  return (QSizeF(tamano) * escala).toSize();
+}
+
+// The picture in exactly these pixels, where the build has made it; null where not.
+QImage Hecho(const QString& ruta, QSize pixeles) {
+  QFile archivo(QStringLiteral("%1_%2x%3").arg(ruta).arg(pixeles.width()).arg(pixeles.height()));
   if (!archivo.open(QIODevice::ReadOnly)) return {};
   QImage imagen(pixeles, QImage::Format_ARGB32_Premultiplied);
   const bool leida =
@@ -55,14 +58,21 @@ class MotorSvg : public QIconEngine {
 }  // namespace
 
 QPixmap Dibujo(const QString& nombre, QSize tamano, qreal escala) {
-  const QSize pixeles = (QSizeF(tamano) * escala).toSize();
-  QPixmap lienzo = QPixmap::fromImage(Hecho(nombre, pixeles));
+  const QSize pixeles = EnPantalla(tamano, escala);
+  QPixmap lienzo = QPixmap::fromImage(Hecho(QStringLiteral(":/hechos/") + nombre, pixeles));
   if (lienzo.isNull()) {
     lienzo = QPixmap(pixeles);
     lienzo.fill(Qt::transparent);
     QPainter pintor(&lienzo);
     QSvgRenderer(ArchivoDe(nombre)).render(&pintor, lienzo.rect());
   }
+  lienzo.setDevicePixelRatio(escala);
+  return lienzo;
+}
+
+QPixmap Escrito(const QString& texto, QSize tamano, qreal escala) {
+  const QString ruta = QStringLiteral(":/escritos/") + texto;
+  QPixmap lienzo = QPixmap::fromImage(Hecho(ruta, EnPantalla(tamano, escala)));
   lienzo.setDevicePixelRatio(escala);
   return lienzo;
 }

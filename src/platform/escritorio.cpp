@@ -8,4 +8,4 @@ EscritorioReal::EscritorioReal()
       aspecto_(activacion_),
       esperas_(activacion_),
       servicios_{activacion_, encima_,  dialogos_, mensajes_, abridor_,
-                 papelera_,   aspecto_, unidades_, esperas_} {}
+                 papelera_,   aspecto_, unidades_, esperas_,  fuentes_} {}

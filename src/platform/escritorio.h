@@ -5,6 +5,7 @@
 
 #include "platform/abridor.h"
 #include "platform/activacion.h"
+#include "platform/catalogo_fuentes.h"
 #include "platform/dialogos_archivo.h"
 #include "platform/dialogos_aspecto.h"
 #include "platform/encima.h"
@@ -23,6 +24,7 @@ struct Escritorio {
   DialogosAspecto& aspecto;
   Unidades& unidades;
   Esperas& esperas;
+  CatalogoFuentes& fuentes;
 };
 
 // The real desktop.
@@ -32,6 +34,7 @@ class EscritorioReal {
   Escritorio& Servicios() { return servicios_; }
 
  private:
+  CatalogoFuentes fuentes_;
   Activacion activacion_;
   EncimaReal encima_;
   DialogosArchivoReales dialogos_;

@@ -23,9 +23,9 @@ QFont FuenteDe(const FuenteTexto& texto);
 // The font with narrower letters where `texto` would be wider than `ancho` pixels.
 QFont Estrechada(QFont fuente, const QString& texto, int ancho);
 
-// Has the toolkit read what fonts the system has, as it does with the first text that is drawn. May
-// run in a thread of its own, which others that need a font wait for, while nothing changes the
-// environment or the locale.
+// Has the toolkit read what fonts the system has, as it does with the first text that is measured
+// or drawn. May run in a thread of its own, which others that need a font wait for, while nothing
+// changes the environment or the locale.
 void LeerCatalogoFuentes();
 
 inline const QString FuenteControles = QStringLiteral("MS Sans Serif");

@@ -34,7 +34,7 @@ QVariant CajaTexto::inputMethodQuery(Qt::InputMethodQuery pregunta) const {
     case Qt::ImCursorRectangle:
       return RectanguloCursor().translated(viewport()->pos());
     case Qt::ImAnchorRectangle:
-      return encuadre_.Cerca({Ancla(), false})
+      return SeSitua() && encuadre_.Cerca({Ancla(), false})
                  ? encuadre_.Rectangulo({Ancla(), false}).translated(viewport()->pos())
                  : QRect();
     case Qt::ImFont:

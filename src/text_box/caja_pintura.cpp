@@ -158,12 +158,12 @@ void CajaTexto::PintarCursor(QPainter& pintor, const QRect& sitio) const {
 }
 
 bool CajaTexto::CursorSeVe() const {
-  return cursor_encendido_ && hasFocus() && !soltar_;
+  return cursor_encendido_ && hasFocus() && !soltar_ && SeSitua();
 }
 
 // An empty rectangle where an input method hides the caret, or its row is not known yet.
 QRect CajaTexto::RectanguloCursor() const {
-  if (!encuadre_.Cerca(cursor_.Donde())) return {};
+  if (!SeSitua() || !encuadre_.Cerca(cursor_.Donde())) return {};
   const QRect sitio = encuadre_.Rectangulo(cursor_.Donde());
   if (composicion_.Vacia()) return sitio;
   const std::optional<qreal> x = composicion_.XCursor();

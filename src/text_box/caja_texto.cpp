@@ -70,6 +70,13 @@ void CajaTexto::PonerFuente(const QFont& fuente) {
   Redibujar();
 }
 
+void CajaTexto::PonerEsperaFuentes(bool espera) {
+  espera_fuentes_ = espera;
+  ReiniciarParpadeo();
+  DibujarCambios();
+  updateMicroFocus();
+}
+
 void CajaTexto::PonerColores(const QColor& texto, const QColor& fondo) {
   aspecto_ = AspectoCaja::De(texto, fondo, palette());
   retrato_.reset();

@@ -52,6 +52,8 @@ class CajaTexto : public QAbstractScrollArea, private Observador, private Oyente
   bool SoloLectura() const { return edicion_.SoloLectura(); }
 
   void PonerFuente(const QFont& fuente);  // size in points; underline and strike-out are drawn
+  // While the system's fonts are still to come an empty text shows no caret: nothing asks for one.
+  void PonerEsperaFuentes(bool espera);
   const QFont& Fuente() const { return fuente_; }
   void PonerColores(const QColor& texto, const QColor& fondo);
   QColor ColorTexto() const { return aspecto_.texto; }
@@ -132,6 +134,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador, private Oyente
   bool CursorSeVe() const;
   void PintarCompuesta(QPainter& pintor, PintorTexto& filas, const PintorTexto::Fila& fila);
   void PintarCursor(QPainter& pintor, const QRect& sitio) const;
+  bool SeSitua() const { return !(espera_fuentes_ && Vacia()); }
   QRect RectanguloCursor() const;
   void ReiniciarParpadeo();
 
@@ -169,6 +172,7 @@ class CajaTexto : public QAbstractScrollArea, private Observador, private Oyente
   EdicionTexto edicion_{documento_, cursor_, *this};
   bool mostrar_cursor_ = false;    // to be scrolled to when the box is shown, or the row known
   bool cursor_encendido_ = false;  // the lit half of its blinking
+  bool espera_fuentes_ = false;
   Composicion composicion_;
   AvisosAccesibles avisos_{*this, documento_};
   GestosRaton gestos_{documento_, encuadre_};

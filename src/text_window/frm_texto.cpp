@@ -37,6 +37,17 @@ void FrmTexto::CrearCajas() {
     TextBox[i]->PonerOyente(this);
   }
   TextBox[1]->hide();
+  EsperarFuentes();
+}
+
+void FrmTexto::EsperarFuentes() {
+  const auto poner = [this] {
+    for (CajaTexto* caja : TextBox) caja->PonerEsperaFuentes(!escritorio_.fuentes.Leido());
+  };
+  if (!escritorio_.fuentes.Leido()) {
+    poner();
+    connect(&escritorio_.fuentes, &CatalogoFuentes::Llegado, this, poner);
+  }
 }
 
 void FrmTexto::Form_Load() {

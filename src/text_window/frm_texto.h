@@ -42,6 +42,7 @@ class FrmTexto : public Ventana, private OyenteTeclas {
 
  private:
   void CrearCajas();
+  void EsperarFuentes();
   RectTwips LeerRectangulo();
 
   FraGuardar& PanelGuardar();

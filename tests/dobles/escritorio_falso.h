@@ -107,7 +107,9 @@ struct EscritorioFalso {
   AspectoFalso aspecto;
   UnidadesFalsas unidades;
   EsperasFalsas esperas;
+  CatalogoFuentes fuentes;
   Escritorio Servicios() {
-    return {activacion, encima, dialogos, mensajes, abridor, papelera, aspecto, unidades, esperas};
+    return {activacion, encima,  dialogos, mensajes, abridor,
+            papelera,   aspecto, unidades, esperas,  fuentes};
   }
 };

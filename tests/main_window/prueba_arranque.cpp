@@ -1,3 +1,7 @@
+#include <QLabel>
+#include <QPainter>
+
+#include "platform/dibujos.h"
 #include "programa.h"
 
 namespace {
@@ -30,6 +34,22 @@ TEST_F(Arranque, only_a_normal_text_window_writes_its_rectangle_and_no_start_tak
   EXPECT_EQ(escritorio.activacion.Activa(), principal.get());
   Abrir(Archivo("a", {}));
   EXPECT_EQ(Texto()->Estado(), EstadoVentana::Maximizada) << "later it is as it was";
+}
+
+TEST_F(Arranque, the_drawn_count_of_an_empty_list_looks_like_letters) {
+  const auto* total = principal->findChild<QLabel*>("LblTotal");
+  for (const int escala : {1, 2}) {
+    QImage letras(total->size() * escala, QImage::Format_ARGB32_Premultiplied);
+    letras.setDevicePixelRatio(escala);
+    letras.fill(Qt::transparent);
+    QPainter pintor(&letras);
+    pintor.setFont(total->font());
+    pintor.setPen(total->palette().color(QPalette::WindowText));
+    pintor.drawText(QRect(QPoint(), total->size()), total->alignment(), total->text());
+    pintor.end();
+    const QImage dibujo = Escrito("00", total->size(), escala).toImage();
+    EXPECT_EQ(dibujo.convertToFormat(letras.format()), letras) << escala;
+  }
 }
 
 TEST_F(Arranque, yes_is_yes_by_its_first_two_letters) {

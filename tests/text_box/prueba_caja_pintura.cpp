@@ -180,6 +180,20 @@ TEST(CajaPintura, caret_and_selection_are_seen_on_every_pair_of_colours) {
   }
 }
 
+TEST(CajaPintura, an_empty_text_has_no_caret_while_the_fonts_are_still_to_come) {
+  BancoCaja banco;
+  const QImage con_cursor = banco.Foto();
+  banco.caja.PonerEsperaFuentes(true);
+  EXPECT_NE(banco.Foto(), con_cursor);
+  EXPECT_TRUE(banco.caja.inputMethodQuery(Qt::ImCursorRectangle).toRect().size().isEmpty());
+  banco.caja.PonerEsperaFuentes(false);
+  EXPECT_EQ(banco.Foto(), con_cursor);
+  banco.Poner("a|");
+  const QImage con_letra = banco.Foto();
+  banco.caja.PonerEsperaFuentes(true);
+  EXPECT_EQ(banco.Foto(), con_letra) << "a text waits for them";
+}
+
 TEST(CajaPintura, two_views_of_one_document_show_the_same_and_the_hidden_one_follows) {
   BancoCaja banco;
   CajaTexto otra(banco.documento, CajaTexto::Ajuste::AlAncho);
