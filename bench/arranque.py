@@ -141,6 +141,11 @@ def arrancar(vigia, orden, ventanas):
     return primera * 1000, ultima * 1000, (gastado.ru_utime + gastado.ru_stime) * 1000
 
 
+def fuentes():
+    """How many fonts the system has: the toolkit reads them all with the first letter."""
+    return len(subprocess.run(["fc-list"], check=True, capture_output=True).stdout.splitlines())
+
+
 def principal(binarios, vacio, veces=30):
     with Escritorio(binarios) as escritorio:
         del os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]  # nobody reads this screen aloud
@@ -155,6 +160,7 @@ def principal(binarios, vacio, veces=30):
                 tomada = arrancar(vigia, orden, ventanas)
                 if vuelta > 0:
                     tomadas[nombre].append(tomada)
+    print(f"{fuentes()} fonts")
     print("ms: median (lowest)      first picture      last picture        processor   / 1   / 2   / digits")
     suelos = [statistics.median(t[0] for t in suelo) for suelo in list(tomadas.values())[:3]]
     for nombre, suyas in tomadas.items():
