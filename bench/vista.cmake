@@ -4,3 +4,8 @@ foreach(banco vista_texto pausas)
   target_link_libraries(${banco} PRIVATE text_box Qt6::Widgets benchmark::benchmark)
   target_include_directories(${banco} PRIVATE ${CMAKE_SOURCE_DIR})
 endforeach()
+
+# Texts in UTF-8 next to ASCII.
+add_executable(escrituras escrituras.cpp)
+target_include_directories(escrituras PRIVATE ${PROJECT_SOURCE_DIR})
+target_link_libraries(escrituras PRIVATE text_box)

@@ -101,11 +101,15 @@ bool Partidor::LlenarSignos(const LectorTexto& texto, Fila& fila, Posicion tope)
     --fila.pos;
     fila.x -= pluma_.Ancho(texto.En(fila.pos));
   }
-  Paseo paseo(signos, texto, fila.pos);
   const Signos::Signo* antes = nullptr;
   if (fila.pos > fila.inicio && texto.En(fila.pos - 1) < 0x80) {
     antes = &signos.De(texto.En(fila.pos - 1));
   }
+  if (texto.En(fila.pos) >= 0x80) {
+    antes = CorrerSignos(texto, fila, tope, antes);
+    if (texto.EnOFin(fila.pos) < 0x80) return TrasSignos(texto, fila, antes);
+  }
+  Paseo paseo(signos, texto, fila.pos);
   do {
     if (antes != nullptr && Signos::Rompible(*antes, paseo.Primero())) fila.corte = fila.pos;
     antes = &paseo.Primero();
@@ -119,9 +123,30 @@ bool Partidor::LlenarSignos(const LectorTexto& texto, Fila& fila, Posicion tope)
     fila.x += paseo.Ancho();
     fila.pos = paseo.Hasta();
   } while (fila.pos < tope && paseo.Seguir());
+  return TrasSignos(texto, fila, antes);
+}
+
+// The same of those that stand alone, as far as they fit; the last character before fila.pos.
+const Signos::Signo* Partidor::CorrerSignos(const LectorTexto& texto, Fila& fila, Posicion tope,
+                                            const Signos::Signo* antes) const {
+  Signos& signos = *pluma_.LosSignos();
+  const Posicion n = std::min(tope, texto.FinDePieza(fila.pos)) - fila.pos;
+  const unsigned char* bytes = texto.Desde(fila.pos);
+  const Signos::Carrera carrera = signos.Correr(bytes, static_cast<std::size_t>(n), fila.x, ancho_);
+  if (carrera.bytes == 0) return antes;
+  const Signos::Signo& primero = signos.De(Utf8::Leer(texto, fila.pos).codigo);
+  if (antes != nullptr && Signos::Rompible(*antes, primero)) fila.corte = fila.pos;
+  if (carrera.corte > 0) fila.corte = fila.pos + static_cast<Posicion>(carrera.corte);
+  fila.pos += static_cast<Posicion>(carrera.bytes);
+  fila.x = carrera.x;
+  return carrera.ultimo;
+}
+
+// A row may be broken between an ideograph and a letter, too.
+bool Partidor::TrasSignos(const LectorTexto& texto, Fila& fila, const Signos::Signo* antes) const {
   const int byte = texto.EnOFin(fila.pos);
-  if (byte > ' ' && byte < 0x80 &&
-      Signos::Rompible(*antes, signos.De(static_cast<char32_t>(byte)))) {
+  const bool letra = antes != nullptr && byte > ' ' && byte < 0x80;
+  if (letra && Signos::Rompible(*antes, pluma_.LosSignos()->De(static_cast<char32_t>(byte)))) {
     fila.corte = fila.pos;
   }
   return true;

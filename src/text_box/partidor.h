@@ -46,6 +46,9 @@ class Partidor {
   inline bool Llenar(const LectorTexto& texto, Fila& fila, std::size_t n) const;
   bool LlenarSignos(const LectorTexto& texto, Fila& fila, Posicion tope) const;
   inline Posicion Cortar(const LectorTexto& texto, const Fila& fila) const;
+  const Signos::Signo* CorrerSignos(const LectorTexto& texto, Fila& fila, Posicion tope,
+                                    const Signos::Signo* antes) const;
+  bool TrasSignos(const LectorTexto& texto, Fila& fila, const Signos::Signo* antes) const;
   bool Pegado(const LectorTexto& texto, const Fila& fila) const;
 
   Pluma pluma_;

@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <limits>
 #include <string_view>
 
 #include "text_box/rastreo.h"
 
 namespace {
+
+constexpr Punto SinLimite = std::numeric_limits<Punto>::max();
 
 // Sums of two bytes from the table; eight bytes are one read of the text.
 std::int32_t SumarDos(const Pluma::Pares& pares, const unsigned char* bytes) {
@@ -137,6 +140,15 @@ Renglones::Corte Pluma::Retroceder(const LectorTexto& texto, const Renglones::Co
   return {donde.pos - 1, donde.x - Ancho(texto.En(donde.pos - 1))};
 }
 
+// Over characters that stand alone, from `donde` on, as far as the fast road goes.
+Renglones::Corte Pluma::Correr(const LectorTexto& texto, const Renglones::Corte& donde,
+                               Posicion hasta, Punto limite) const {
+  const Posicion n = std::min(hasta, texto.FinDePieza(donde.pos)) - donde.pos;
+  const Signos::Carrera carrera =
+      signos_->Correr(texto.Desde(donde.pos), static_cast<std::size_t>(n), donde.x, limite);
+  return {donde.pos + static_cast<Posicion>(carrera.bytes), carrera.x};
+}
+
 Punto Pluma::Medir(const LectorTexto& texto, Posicion desde, Posicion hasta, Punto x,
                    Posicion tramo) const {
   const Posicion inicio = desde;
@@ -151,7 +163,14 @@ Punto Pluma::Medir(const LectorTexto& texto, Posicion desde, Posicion hasta, Pun
       const Renglones::Corte base = Retroceder(texto, {desde, x}, std::min(inicio, desde));
       if (desde == hasta && base.pos == desde) break;
       x = base.x;
-      Paseo paseo(*signos_, texto, base.pos);
+      const bool pegado = base.pos < desde;
+      if (!pegado && desde >= inicio) {
+        const Renglones::Corte hecho = Correr(texto, {desde, x}, hasta, SinLimite);
+        x = hecho.x;
+        desde = hecho.pos;
+        if (desde == hasta || texto.EnOFin(desde) < 0x80) continue;
+      }
+      Paseo paseo(*signos_, texto, pegado ? base.pos : desde);
       do {
         if (paseo.Desde() >= hasta) return x;
         if (paseo.Desde() >= inicio) x += paseo.Ancho();
@@ -178,7 +197,14 @@ Renglones::Corte Pluma::Hasta(const LectorTexto& texto, Posicion desde, Posicion
     if (desde < inicio || EsParte(texto.En(desde))) {
       const Renglones::Corte base = Retroceder(texto, {desde, x}, std::min(inicio, desde));
       x = base.x;
-      Paseo paseo(*signos_, texto, base.pos);
+      const bool pegado = base.pos < desde;
+      if (!pegado && desde >= inicio) {
+        const Renglones::Corte hecho = Correr(texto, {desde, x}, hasta, limite);
+        x = hecho.x;
+        desde = hecho.pos;
+        if (desde == hasta || texto.EnOFin(desde) < 0x80) continue;
+      }
+      Paseo paseo(*signos_, texto, pegado ? base.pos : desde);
       do {
         if (paseo.Desde() < inicio) continue;
         if (paseo.Desde() >= hasta || x + paseo.Ancho() > limite) {

@@ -71,6 +71,8 @@ class Pluma {
   static constexpr std::int32_t DemasiadoAncho = 1 << 27;  // two million pixels; eight fit 32 bits
 
   std::size_t HastaSuelto(std::string_view tramo) const;
+  Renglones::Corte Correr(const LectorTexto& texto, const Renglones::Corte& donde, Posicion hasta,
+                          Punto limite) const;
   Renglones::Corte Retroceder(const LectorTexto& texto, const Renglones::Corte& donde,
                               Posicion desde) const;
 

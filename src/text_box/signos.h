@@ -14,6 +14,7 @@
 #include <string_view>
 
 #include "text_box/lector_texto.h"
+#include "text_box/renglones.h"
 #include "text_box/utf8.h"
 
 class Signos {
@@ -62,6 +63,15 @@ class Signos {
     return ((antes.cortes & Ideograma) != 0 && (signo.cortes & TrasIdeograma) != 0) ||
            ((signo.cortes & Ideograma) != 0 && (antes.cortes & AnteIdeograma) != 0);
   }
+  // The fast road over characters that stand alone, up to the next byte of ASCII: how many bytes of
+  // the `n` move the pen, which is at `x`, to no more than `limite`. May stop before that.
+  struct Carrera {
+    std::size_t bytes = 0;
+    Punto x = 0;
+    std::size_t corte = 0;          // the last place where a row may be broken; 0 without one
+    const Signo* ultimo = nullptr;  // the last character
+  };
+  Carrera Correr(const unsigned char* bytes, std::size_t n, Punto x, Punto limite);
   // Where what is drawn together with the byte at `pos` starts: there, or a little before.
   Posicion InicioDeTramo(const LectorTexto& texto, Posicion pos);
 
