@@ -1,6 +1,7 @@
 #include <cerrno>
 #include <fstream>
 #include <gmock/gmock.h>
+#include <random>
 #include <string>
 #include <vector>
 
