@@ -212,6 +212,11 @@ class Escritorio:
         return self.gestor not in (None, "i3")
 
     @property
+    def tiene_capas(self):
+        """Can a window leave the upper layer that it came in?"""
+        return self.gestor not in (None, "i3", "icewm")
+
+    @property
     def minimiza(self):
         """Can this desktop minimise and maximise a window?"""
         return self.gestor not in (None, "i3")

@@ -93,13 +93,13 @@ def recorrido(e):
     e.abrir(archivo)
     aspecto(e)
     favoritas(e)
-    if e.gestor:
+    if e.tiene_capas:
         siempre_visible(e, True)
     e.cerrar()
     e.iniciar()
     e.abrir(archivo)
     esperar_valor("the background", lambda: color_lejos(e), "FFFF00")
-    if e.gestor:
+    if e.tiene_capas:
         siempre_visible(e, False)
     e.cerrar()
 
