@@ -152,7 +152,8 @@ def probar(binarios, pantalla, ajustar, texto, nombre, veces):
             columnas.append(medir(teclado, ("a", "BackSpace"), veces))
         e.teclas("ctrl+Home")
         teclado.reposar(1.0)
-        columnas.append(medir(teclado, ("Next", "Prior"), veces // 4) if len(texto) > 1 << 20 else "")
+        columnas.append(medir(teclado, ("Next", "Prior"), veces // 4)
+                        if len(texto) > 1 << 20 and (ajustar or b"\n" in texto) else "")
         print(f"{pantalla:10} {nombre:10} {'wrapped' if ajustar else 'not wrapped':12}",
               *(f"{c:>15}" for c in columnas), flush=True)
 
