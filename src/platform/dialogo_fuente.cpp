@@ -164,6 +164,7 @@ void DialogoFuente::PedirColor() {
     color_ = dialogo.selectedColor();
     PintarColor();
   }
+  activateWindow();  // where no window manager does it
 }
 
 void DialogoFuente::PintarColor() {
