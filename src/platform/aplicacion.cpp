@@ -1,9 +1,9 @@
 #include "platform/aplicacion.h"
 
+#include <clocale>
 #include <csignal>
 #include <cstring>
 #include <langinfo.h>
-#include <locale.h>
 
 #include <QLocale>
 #include <QPalette>

@@ -36,7 +36,7 @@ bool ALaVista::RecogerSignos(const Bytes& texto, const Encuadre& encuadre, Posic
   Renglones::Corte desde{inicio, 0};
   Posicion hasta = fin;
   if (fin - inicio > Encuadre::MayorMaqueta) {
-    const Punto margen = 4 * encuadre.Tabla().AltoFila() * Pixel;  // what reaches into sight
+    const Punto margen = Pixel * 4 * encuadre.Tabla().AltoFila();  // what reaches into sight
     const Punto derecha = izquierda + encuadre.Tamano().width() * Pixel;
     const Renglones& reparto = encuadre.Reparto();
     desde = reparto.CorteEnX(inicio, std::max<Punto>(0, izquierda - margen));

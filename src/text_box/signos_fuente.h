@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include <QFont>
@@ -25,8 +26,8 @@ QTextLine Maquetar(QTextLayout& maqueta);
 class SignosFuente : public Signos {
  public:
   // `fuente` without kerning; `ascii`: how wide the others are.
-  SignosFuente(const QFont& fuente, const QRawFont& cruda, const Avances& ascii)
-      : fuente_(fuente), cruda_(cruda), ascii_(ascii) {}
+  SignosFuente(QFont fuente, QRawFont cruda, const Avances& ascii)
+      : fuente_(std::move(fuente)), cruda_(std::move(cruda)), ascii_(ascii) {}
 
   std::span<const Racimo> Medir(std::string_view tramo) override;
 

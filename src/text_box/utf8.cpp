@@ -114,7 +114,7 @@ Caracter Leer(const unsigned char* bytes, std::size_t n) {
 }
 
 Caracter Leer(const LectorTexto& texto, Posicion pos) {
-  const std::size_t n = static_cast<std::size_t>(texto.FinDePieza(pos) - pos);
+  const auto n = static_cast<std::size_t>(texto.FinDePieza(pos) - pos);
   if (n >= Mayor || texto.En(pos) < 0x80) return Leer(texto.Desde(pos), n);
   std::array<unsigned char, Mayor> copia{};
   std::size_t hay = 0;
