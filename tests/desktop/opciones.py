@@ -93,6 +93,8 @@ def recorrido(e):
     e.abrir(archivo)
     aspecto(e)
     favoritas(e)
+    if e.gestor is None:
+        return  # nobody closes a window
     if e.tiene_capas:
         siempre_visible(e, True)
     e.cerrar()
