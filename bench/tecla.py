@@ -13,6 +13,7 @@ import sys
 import time
 
 sys.path.append(str(pathlib.Path(__file__).parent.parent / "tests" / "desktop"))
+from arranque import Pintado  # noqa: E402
 from escritorio import TITULO_ABRIR, Escritorio  # noqa: E402
 
 AJUSTES = "[PosTam]\r\nTextoEdo=0\r\n[Opciones]\r\nVisible=No\r\nAjustar={}\r\n"
@@ -20,15 +21,6 @@ LINEA = "{:08} En un lugar de la Mancha, de cuyo nombre no quiero acordarme, no 
 QUIETO = 0.004  # seconds without a picture after which the program has settled
 PLAZO = 10
 IMAGEN_ZPIXMAP = 2
-
-
-class Pintado(ctypes.Structure):
-    """XDamageNotifyEvent, filled up to the size of an XEvent."""
-    _fields_ = [("tipo", ctypes.c_int), ("serie", ctypes.c_ulong), ("enviado", ctypes.c_int),
-                ("pantalla", ctypes.c_void_p), ("ventana", ctypes.c_ulong),
-                ("registro", ctypes.c_ulong), ("nivel", ctypes.c_int), ("quedan", ctypes.c_int),
-                ("hora", ctypes.c_ulong), ("zona", ctypes.c_short * 4),
-                ("entera", ctypes.c_short * 4), ("resto", ctypes.c_long * 16)]
 
 
 class Imagen(ctypes.Structure):
